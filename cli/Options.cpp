@@ -1,0 +1,66 @@
+// The console's command line.
+#include "cli/Options.h"
+
+namespace togu::cli {
+
+std::optional<Options> parseOptions(const std::vector<std::string>& args, std::string& error)
+{
+    Options o;
+    auto value = [&](size_t& i, std::optional<std::string>& slot) -> bool {
+        const std::string& name = args[i];
+        if (i + 1 >= args.size() || args[i + 1].empty()) {
+            error = "the option " + name + " needs a value";
+            return false;
+        }
+        if (slot) {
+            error = "the option " + name + " is given twice";
+            return false;
+        }
+        slot = args[++i];
+        return true;
+    };
+    for (size_t i = 0; i < args.size(); ++i) {
+        const std::string& a = args[i];
+        bool ok = true;
+        if (a == "-h" || a == "--help")
+            o.help = true;
+        else if (a == "-s" || a == "--script")
+            ok = value(i, o.script);
+        else if (a == "-o" || a == "--output")
+            ok = value(i, o.output);
+        else if (a == "--svg")
+            ok = value(i, o.svg);
+        else if (a == "--install")
+            ok = value(i, o.install);
+        else if (a == "--registry")
+            ok = value(i, o.registry);
+        else if (a.size() > 1 && a[0] == '-') {
+            error = "unknown option " + a;
+            return std::nullopt;
+        } else if (o.drawing) {
+            error = "only one drawing can be opened, not " + a;
+            return std::nullopt;
+        } else if (a.empty()) {
+            error = "the drawing's name is empty";
+            return std::nullopt;
+        } else {
+            o.drawing = a;
+        }
+        if (!ok)
+            return std::nullopt;
+    }
+    return o;
+}
+
+std::string usage()
+{
+    return "usage: togu [drawing.dxf] [-s script] [-o out.dxf] [--svg out.svg] [--install DIR] [--registry DIR]\n"
+           "  drawing.dxf     the drawing to work on (default: a new drawing in millimetres)\n"
+           "  -s script       run the script's lines (default: type them at the keyboard)\n"
+           "  -o out.dxf      save the drawing there at the end\n"
+           "  --svg out.svg   draw the drawing there as an SVG picture at the end\n"
+           "  --install DIR   the installation folder with the support files (default: the shipped data)\n"
+           "  --registry DIR  the folder of the registry's .reg files (default: ~/.config/togu)\n";
+}
+
+} // namespace togu::cli

@@ -1,0 +1,99 @@
+// The host's command line.
+#include "sim/app/CommandLine.h"
+
+#include <exception>
+#include <string>
+
+#include "sim/app/CommandStack.h"
+#include "sim/app/HostCommand.h"
+#include "sim/app/LispCall.h"
+#include "sim/core/Session.h"
+
+namespace sim::app {
+
+namespace {
+
+std::wstring_view trim(std::wstring_view s)
+{
+    while (!s.empty() && std::wstring_view(L" \t\r\n").find(s.front()) != std::wstring_view::npos)
+        s.remove_prefix(1);
+    while (!s.empty() && std::wstring_view(L" \t\r\n").find(s.back()) != std::wstring_view::npos)
+        s.remove_suffix(1);
+    return s;
+}
+
+std::wstring upper(std::wstring_view s)
+{
+    std::wstring out(s);
+    for (auto& c : out)
+        if (c >= L'a' && c <= L'z')
+            c = static_cast<wchar_t>(c - L'a' + L'A');
+    return out;
+}
+
+/// Runs a function the host hands control to. What escapes it would bring the real host down; here
+/// it ends the command with a message and fails the run, so a script does not go on blindly.
+template <class F>
+bool guarded(std::wstring_view what, F&& f)
+{
+    Session& session = Session::current();
+    try {
+        f();
+        return true;
+    } catch (const std::exception& e) {
+        session.print(L"\n; error: " + std::wstring(what) + L": " + fromUtf8(e.what()) + L"\n");
+        session.fail(std::wstring(what) + L" ended with an exception: " + fromUtf8(e.what()));
+    } catch (...) {
+        session.print(L"\n; error: " + std::wstring(what) + L" ended with an unknown exception\n");
+        session.fail(std::wstring(what) + L" ended with an unknown exception");
+    }
+    return false;
+}
+
+} // namespace
+
+bool runCommandLine(std::wstring_view line)
+{
+    Session& session = Session::current();
+    std::wstring_view text = trim(line);
+    if (text.empty() || text == L"^C")
+        return true;
+    if (text.front() == L'(') {
+        std::wstring call(text);
+        return guarded(L"the AutoLISP call", [&] { runLispLine(call); });
+    }
+    if (AcEdCommand* cmd = commandStack().lookupTyped(text)) {
+        // The command may remove itself from the stack while it runs: keep what is needed first.
+        AcRxFunctionPtr fn = cmd->functionAddr();
+        std::wstring name = L"the command " + upper(cmd->globalName());
+        return guarded(name, fn);
+    }
+    if (auto host = findHostCommand(text)) {
+        std::wstring name = L"the command " + upper(text);
+        return guarded(name, host);
+    }
+    std::wstring name = upper(text);
+    session.print(L"Unknown command \"" + name + L"\".  Press F1 for help.\n");
+    session.fail(L"Unknown command \"" + name + L"\"");
+    return false;
+}
+
+bool commandLoop()
+{
+    Session& session = Session::current();
+    for (;;) {
+        auto line = session.ask(L"Command: ");
+        if (!line)
+            return !session.failure(); // the input ended at the command prompt: the normal end
+        runCommandLine(*line);
+        if (session.waitingPrompt()) {
+            session.fail(L"the script ended while a prompt was waiting for an answer: \"" +
+                         std::wstring(trim(*session.waitingPrompt())) + L"\"");
+            return false;
+        }
+        if (session.failure())
+            return false;
+    }
+}
+
+} // namespace sim::app

@@ -1,0 +1,19 @@
+// The host's command line: the "Command: " prompt and what a line typed there runs (a command of the
+// command stack, a host command, an AutoLISP call).
+#pragma once
+#include <string_view>
+
+namespace sim::app {
+
+/// Runs one line typed at "Command: ": a line beginning with "(" is an AutoLISP call; otherwise the
+/// first word names a command of the stack (see CommandStack::lookupTyped), else a host command.
+/// An empty line and "^C" do nothing. An unknown name prints the host's message and fails the
+/// session. False when the line failed the session.
+bool runCommandLine(std::wstring_view line);
+
+/// Prompts "Command: " and runs each line until the input runs out or the session fails. A prompt
+/// that the input left waiting inside a command fails the session. True when the run ended without
+/// failure; Session::failure() says why it did not.
+bool commandLoop();
+
+} // namespace sim::app
