@@ -4,8 +4,8 @@
 
 #include <windows.h>
 #include <tchar.h>
-// The Microsoft C runtime's own extensions (_create_locale, _wcsupr_s_l, wcscpy_s, ...).
-#include "wincrt.h"
+
+#include <clocale>
 
 #include "arxHeaders.h"
 

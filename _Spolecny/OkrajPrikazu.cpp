@@ -56,10 +56,10 @@ void ProvedPrikaz(const std::function<void()>& telo) { ProvedSOkrajem(telo); }
 
 int ProvedLispFunkci(const std::function<int()>& telo)
 {
-    int vysledek = RSRSLT;
+    int vysledek = RTNORM;
     if (ProvedSOkrajem([&] { vysledek = telo(); })) {
         acedRetNil();
-        vysledek = RSRSLT;
+        vysledek = RTNORM;
     }
     return vysledek;
 }

@@ -10,5 +10,5 @@
 void ProvedPrikaz(const std::function<void()>& telo);
 
 /// Runs the body of an AutoLISP function with the same edge; after a failure the function answers nil.
-/// Gives the body's result (RSRSLT after a failure).
+/// Gives the body's result (RTNORM after a failure).
 int ProvedLispFunkci(const std::function<int()>& telo);

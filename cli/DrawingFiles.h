@@ -9,6 +9,8 @@ namespace togu::cli {
 std::string openDrawing(const std::string& path);
 /// Saves the current document's drawing.
 std::string saveDrawing(const std::string& path);
+/// Makes a new drawing (millimetres) the current document.
+std::string newDrawing();
 /// Draws the current document's drawing as an SVG picture.
 std::string writeSvg(const std::string& path);
 

@@ -86,14 +86,19 @@ bool commandLoop()
         if (!line)
             return !session.failure(); // the input ended at the command prompt: the normal end
         runCommandLine(*line);
-        if (session.waitingPrompt()) {
-            session.fail(L"the script ended while a prompt was waiting for an answer: \"" +
-                         std::wstring(trim(*session.waitingPrompt())) + L"\"");
-            return false;
-        }
-        if (session.failure())
+        if (failIfPromptWaiting() || session.failure())
             return false;
     }
+}
+
+bool failIfPromptWaiting()
+{
+    Session& session = Session::current();
+    if (!session.waitingPrompt())
+        return false;
+    session.fail(L"the script ended while a prompt was waiting for an answer: \"" +
+                 std::wstring(trim(*session.waitingPrompt())) + L"\"");
+    return true;
 }
 
 } // namespace sim::app

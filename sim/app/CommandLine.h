@@ -16,4 +16,8 @@ bool runCommandLine(std::wstring_view line);
 /// failure; Session::failure() says why it did not.
 bool commandLoop();
 
+/// Fails the session when the input ran out while a prompt (other than "Command: ") was waiting;
+/// true when it did. The console calls it after the start, whose questions can use up a script.
+bool failIfPromptWaiting();
+
 } // namespace sim::app

@@ -8,6 +8,7 @@
 #include <cwchar>
 #include <exception>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "acedlisp.h"
@@ -91,7 +92,13 @@ public:
                 return fail(error, L"bad function: only a function name can open the list");
             call.name = atom();
         }
+        // The arguments are owned by the call only once they are all read.
+        resbuf* head = nullptr;
         resbuf* tail = nullptr;
+        struct Free {
+            resbuf*& head;
+            ~Free() { acutRelRb(head); }
+        } free{head};
         for (;;) {
             skipSpace();
             if (done())
@@ -101,15 +108,13 @@ public:
             resbuf* rb = argument(error);
             if (!rb)
                 return std::nullopt;
-            if (tail)
-                tail->rbnext = rb;
-            else
-                call.args.reset(rb);
+            (tail ? tail->rbnext : head) = rb;
             tail = rb;
         }
         skipSpace();
         if (!done() && !at(L';'))
             return fail(error, L"extra input after the list: only one expression per line");
+        call.args = Chain(std::exchange(head, nullptr));
         return call;
     }
 
@@ -398,7 +403,7 @@ std::wstring formatLispString(std::wstring_view text)
 
 std::wstring formatLispAnswer(const std::optional<LispAnswer>& answer)
 {
-    if (!answer || !answer->values)
+    if (!answer || answer->values.empty())
         return L"nil";
     const resbuf* rb = answer->values.get();
     if (!answer->isList) {
@@ -460,8 +465,6 @@ void runLispLine(std::wstring_view line)
 }
 
 } // namespace sim::app
-
-using sim::app::Chain;
 
 int acedGetFunCode() { return sim::app::g_frame ? sim::app::g_frame->funcNumber : RTERROR; }
 

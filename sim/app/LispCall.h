@@ -8,20 +8,17 @@
 #include <string_view>
 
 #include "acutads.h"
+#include "sim/db/Chain.h"
 
 namespace sim::app {
 
 struct LispDefinition;
 
-struct ChainDeleter {
-    void operator()(resbuf* rb) const { acutRelRb(rb); }
-};
-/// A result-buffer chain with one owner.
-using Chain = std::unique_ptr<resbuf, ChainDeleter>;
+using sim::db::Chain;
 
 struct LispCall {
     std::wstring name; ///< empty for the empty list "()"
-    Chain args;        ///< null when there are none
+    Chain args;        ///< empty when there are none
 };
 
 /// What an application answered: a value (one buffer) or a list (the chain of its items, nested

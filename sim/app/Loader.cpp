@@ -102,8 +102,8 @@ AcRx::AppRetCode DynamicLinker::send(Application& app, AcRx::AppMsgCode msg, voi
 {
     Application* previous = g_current;
     g_current = &app;
-    // The module handle stays the last loaded application's: there is one process here, and the
-    // system reads it whenever it registers a window class or loads a resource.
+    // One process holds every application here: the module handle is that of the application
+    // whose message runs, and stays so for the commands it runs later.
     _hdllInstance = app.module;
     struct Restore {
         Application* previous;

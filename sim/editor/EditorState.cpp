@@ -5,7 +5,7 @@ namespace sim::editor {
 
 namespace {
 // The first half of every set name: sets are told from entity names and from each other by it.
-constexpr Adesk::LongPtr kSetTag = 0x55E7;
+constexpr Adesk::LongPtr kSetTag = -0x55E7;
 } // namespace
 
 EditorState& editorState()

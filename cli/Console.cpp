@@ -1,0 +1,103 @@
+// The togu console.
+#include "cli/Console.h"
+
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <system_error>
+
+#include "cli/DrawingFiles.h"
+#include "cli/Installation.h"
+#include "cli/Paths.h"
+#include "rxregsvc.h"
+#include "sim/app/CommandLine.h"
+#include "sim/app/Loader.h"
+#include "sim/core/Session.h"
+
+namespace fs = std::filesystem;
+
+namespace togu::cli {
+
+namespace {
+
+/// The system's name among the host's applications.
+constexpr const wchar_t* kSystemName = L"TogUtility_Ac_2021_x64";
+
+std::optional<std::string> readFile(const fs::path& path, std::string& error)
+{
+    std::ifstream f(path, std::ios::binary);
+    if (!f) {
+        error = "cannot read the script " + path.string();
+        return std::nullopt;
+    }
+    std::ostringstream s;
+    s << f.rdbuf();
+    if (f.bad()) {
+        error = "cannot read the script " + path.string();
+        return std::nullopt;
+    }
+    return s.str();
+}
+
+} // namespace
+
+int run(const Options& options, const fs::path& executable, std::istream& in, std::ostream& out, std::ostream& err)
+{
+    auto failed = [&](const std::string& message) {
+        err << "togu: " << message << "\n";
+        return 1;
+    };
+
+    Installation inst;
+    inst.installDir = options.install ? fs::path(*options.install) : defaultInstallDir(executable);
+    inst.registryDir = options.registry ? fs::path(*options.registry) : defaultRegistryDir();
+    std::error_code ec;
+    if (!fs::is_directory(inst.installDir, ec))
+        return failed("the installation folder " + inst.installDir.string() + " does not exist");
+    if (std::string e = prepareInstallation(inst); !e.empty())
+        return failed(e);
+
+    std::unique_ptr<sim::InputSource> input;
+    std::string scriptName;
+    if (options.script) {
+        std::string error;
+        auto text = readFile(*options.script, error);
+        if (!text)
+            return failed(error);
+        input = std::make_unique<sim::ScriptInput>(*text);
+        scriptName = *options.script;
+    } else {
+        input = std::make_unique<sim::StreamInput>(in);
+    }
+
+    sim::Session session(std::move(input), &out);
+    std::string registryError;
+    auto registry = openRegistry(inst, registryError);
+    if (!registry)
+        return failed(registryError);
+    if (std::string e = options.drawing ? openDrawing(*options.drawing) : newDrawing(); !e.empty())
+        return failed(e);
+
+    std::wstring loadError;
+    if (!sim::app::dynamicLinker().load(kSystemName, acrxEntryPoint, &loadError))
+        return failed(sim::toUtf8(loadError));
+    // A prompt of the start (the first-run question) may already have used up the script.
+    if (!sim::app::failIfPromptWaiting() && !session.failure())
+        sim::app::commandLoop();
+    sim::app::dynamicLinker().unloadAll();
+
+    if (session.failure()) {
+        std::string where = scriptName.empty() ? std::string() : scriptName + ", line " +
+                                                                     std::to_string(session.lineNumber()) + ": ";
+        return failed(where + sim::toUtf8(*session.failure()));
+    }
+    if (options.output)
+        if (std::string e = saveDrawing(*options.output); !e.empty())
+            return failed(e);
+    if (options.svg)
+        if (std::string e = writeSvg(*options.svg); !e.empty())
+            return failed(e);
+    return 0;
+}
+
+} // namespace togu::cli

@@ -1,0 +1,58 @@
+// The platform's private record of a database object (AcDbImpObject): identity, owner, open state,
+// erased flag, extended data, extension dictionary, persistent reactors, and what the drawing file
+// holds that the database does not model.
+#pragma once
+#include <string>
+#include <utility>
+#include <vector>
+#include "dbmain.h"
+#include "sim/db/Chain.h"
+#include "sim/db/RawTag.h"
+
+class AcDbImpObject {
+public:
+    // Identity: set when the object is added to a database, never copied.
+    AcDbDatabase* db = nullptr;
+    AcDbHandle handle;
+    /// Set when an abort took the object out of its database; it is kept only so that pointers to it
+    /// stay harmless.
+    bool detached = false;
+
+    // Open state.
+    int readers = 0;
+    bool writer = false;
+    /// The strongest hold of the transactions that got it: 0 none, 1 read, 2 write.
+    int txnMode = 0;
+    bool isNew = false;
+
+    // Persistent state that a transaction's snapshot keeps besides the object's copy.
+    AcDbObjectId owner;
+    bool erased = false;
+    AcDbObjectId extDict;
+    std::vector<AcDbObjectId> reactors;
+
+    // Persistent state copied with the object.
+    /// Extended data by application, in order; each chain holds the values after the 1001 group.
+    std::vector<std::pair<std::wstring, sim::db::Chain>> xdata;
+    /// Groups of the drawing file that the database does not model, kept for writing back; the DXF
+    /// module fills and reads them.
+    sim::db::RawTags preservedTags;
+    /// Where the DXF module puts preservedTags back; its own convention (0 = nowhere in particular).
+    int preservedPlace = 0;
+
+    /// Copies what is copied with the object (xdata, preserved tags), nothing of identity or state.
+    void copyDataFrom(const AcDbImpObject& o)
+    {
+        xdata = o.xdata;
+        preservedTags = o.preservedTags;
+        preservedPlace = o.preservedPlace;
+    }
+
+    /// The record of an object (never null).
+    static AcDbImpObject* of(const AcDbObject* obj) { return obj->mpImpObject; }
+};
+
+namespace sim::db {
+/// The platform's record of an object, for the modules that read and write drawing files.
+inline AcDbImpObject* impOf(const AcDbObject* obj) { return AcDbImpObject::of(obj); }
+} // namespace sim::db

@@ -1,0 +1,60 @@
+// The "Command: " loop: what a line runs, and the two ways a script run fails (an unknown command,
+// a prompt left waiting when the script ends).
+#include <gtest/gtest.h>
+
+#include "accmd.h"
+#include "sim/app/CommandLine.h"
+#include "sim/core/Session.h"
+
+namespace {
+
+int g_runs = 0;
+void countRun() { ++g_runs; }
+void askTwice()
+{
+    sim::Session::current().ask(L"\nFirst: ");
+    sim::Session::current().ask(L"\nSecond: ");
+}
+
+class CommandLine : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        g_runs = 0;
+        acedRegCmds->addCommand(L"CLTEST", L"count", L"pocitej", ACRX_CMD_MODAL, countRun);
+        acedRegCmds->addCommand(L"CLTEST", L"ask2", L"ask2", ACRX_CMD_MODAL, askTwice);
+    }
+    void TearDown() override { acedRegCmds->removeGroup(L"CLTEST"); }
+};
+
+TEST_F(CommandLine, RunsCommandsByLocalOrGlobalNameAndIgnoresEmptyLinesAndCancel)
+{
+    sim::Session session(std::make_unique<sim::ScriptInput>("POCITEJ\n\n^C\n  _count  \nask2\n1\n2\n"));
+    EXPECT_TRUE(sim::app::commandLoop());
+    EXPECT_EQ(g_runs, 2);
+    EXPECT_FALSE(session.failure());
+    EXPECT_EQ(session.transcript(), L"Command: POCITEJ\nCommand: \nCommand: ^C\nCommand:   _count  \n"
+                                    L"Command: ask2\nFirst: 1\nSecond: 2\nCommand: \n");
+}
+
+TEST_F(CommandLine, UnknownCommandStopsTheRun)
+{
+    sim::Session session(std::make_unique<sim::ScriptInput>("pocitej\ncount\npocitej\n"));
+    EXPECT_FALSE(sim::app::commandLoop());
+    EXPECT_EQ(g_runs, 1);
+    EXPECT_EQ(session.lineNumber(), 2);
+    ASSERT_TRUE(session.failure());
+    EXPECT_EQ(*session.failure(), L"Unknown command \"COUNT\"");
+    EXPECT_NE(session.transcript().find(L"Command: count\nUnknown command \"COUNT\".  Press F1 for help.\n"),
+              std::wstring::npos);
+}
+
+TEST_F(CommandLine, ScriptEndingInsideACommandFails)
+{
+    sim::Session session(std::make_unique<sim::ScriptInput>("ask2\n1\n"));
+    EXPECT_FALSE(sim::app::commandLoop());
+    ASSERT_TRUE(session.failure());
+    EXPECT_NE(session.failure()->find(L"\"Second:\""), std::wstring::npos);
+}
+
+} // namespace
