@@ -14,4 +14,12 @@ std::wstring recordName(AcDbObjectId id)
     return rec->getName(name) == Acad::eOk && name ? std::wstring(name) : std::wstring();
 }
 
+void adsNameOf(AcDbObjectId id, ads_name out)
+{
+    ads_name n = {0, 0};
+    if (!id.isNull())
+        acdbGetAdsName(n, id);
+    ads_name_set(n, out);
+}
+
 } // namespace sim::editor

@@ -10,6 +10,9 @@ namespace sim::editor {
 /// The record's name, or empty when the id opens no symbol table record.
 std::wstring recordName(AcDbObjectId id);
 
+/// The ADS name of an object (cleared for a null id).
+void adsNameOf(AcDbObjectId id, ads_name out);
+
 /// The id of the record of that name (case ignored) in the table of Rec, or null.
 template <class Rec>
 AcDbObjectId recordId(AcDbDatabase* db, const std::wstring& name)

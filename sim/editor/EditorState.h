@@ -31,6 +31,7 @@ struct EditorState {
     std::map<Adesk::LongPtr, SelectionSet> sets;
     Adesk::LongPtr nextSet = 1;
     SelectionSet pickfirst;
+    std::vector<AcDbObjectId> previousSelection; ///< what the last acedSSGet selected ("P")
     bool keepPickfirst = false;                ///< the pickfirst set outlives the command that made it
     std::map<std::wstring, VarValue> vars;     ///< variables the editor holds, by upper-case name
     std::vector<AcGeMatrix3d> previousUcs;     ///< for "_UCS _P", most recent last

@@ -23,6 +23,7 @@ enum class Take {
     Accepted, ///< a value: the prompt answers RTNORM
     Refused,  ///< a value the rules refuse; the message is shown and the prompt comes again
     NotValue, ///< not a value: a keyword is tried next
+    Failed,   ///< understood, but it finds nothing (a pick that misses): the prompt answers RTERROR
 };
 
 /// The loop of one prompt under the rules of its acedInitGet: Enter answers RTNONE (or, under
@@ -51,6 +52,8 @@ int promptLoop(std::wstring_view prompt, const InitGet& rules, std::wstring_view
                 return RTNORM;
             if (r == Take::Refused)
                 continue;
+            if (r == Take::Failed)
+                return RTERROR;
         }
         if (auto kw = rules.keywords.match(t)) {
             editorState().lastInput = *kw;

@@ -169,7 +169,7 @@ LONG Registry::createKey(std::wstring_view keyPath, bool& created)
 
 LONG Registry::setValue(std::wstring_view keyPath, std::wstring_view name, RegValue value)
 {
-    if (!writable(keyPath) || isRootOnly(keyPath))
+    if (!writable(keyPath))
         return ERROR_ACCESS_DENIED;
     RegStore changed = m_user;
     changed.setValue(keyPath, name, std::move(value));
@@ -192,7 +192,7 @@ void writeMachineFile(const fs::path& dir, const std::vector<MachineValue>& valu
     fs::path file = dir / Registry::kMachineFile;
     RegStore store = loadFile(file);
     for (const MachineValue& v : values) {
-        if (!isRegistryRoot(rootOf(v.key)) || isRootOnly(v.key))
+        if (!isRegistryRoot(rootOf(v.key)))
             throw RegFileError(displayName(file), 0, L"klíč \"" + v.key + L"\" nezačíná kořenem registru");
         store.setValue(v.key, v.name, regString(v.value));
     }

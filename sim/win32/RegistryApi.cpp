@@ -126,7 +126,13 @@ LSTATUS WINAPI RegQueryValueExW(HKEY hKey, LPCWSTR lpValueName, LPDWORD lpReserv
         return ERROR_FILE_NOT_FOUND;
     if (lpType)
         *lpType = value->type;
-    const auto size = static_cast<DWORD>(value->data.size());
+    // Strings travel in the caller's WCHARs, and their sizes count sizeof(WCHAR) bytes a character,
+    // so a buffer sized with sizeof() as on Windows is never overrun.
+    std::wstring text;
+    if (isStringType(value->type))
+        text = sim::win32::fromUtf16le(value->data.data(), value->data.size());
+    const auto size = isStringType(value->type) ? static_cast<DWORD>(text.size() * sizeof(WCHAR))
+                                                : static_cast<DWORD>(value->data.size());
     if (!lpData) {
         if (lpcbData)
             *lpcbData = size;
@@ -136,14 +142,8 @@ LSTATUS WINAPI RegQueryValueExW(HKEY hKey, LPCWSTR lpValueName, LPDWORD lpReserv
         *lpcbData = size;
         return ERROR_MORE_DATA;
     }
-    if (isStringType(value->type)) {
-        // The caller's buffer holds WCHARs; the size counts two bytes for each.
-        std::wstring text = sim::win32::fromUtf16le(value->data.data(), value->data.size());
-        text.resize(size / 2, L'\0');
-        std::memcpy(lpData, text.data(), text.size() * sizeof(WCHAR));
-    } else if (size > 0) {
-        std::memcpy(lpData, value->data.data(), size);
-    }
+    if (size > 0)
+        std::memcpy(lpData, isStringType(value->type) ? static_cast<const void*>(text.data()) : value->data.data(), size);
     *lpcbData = size;
     return ERROR_SUCCESS;
 }
@@ -159,10 +159,9 @@ LSTATUS WINAPI RegSetValueExW(HKEY hKey, LPCWSTR lpValueName, DWORD, DWORD dwTyp
         return ERROR_ACCESS_DENIED;
     RegValue value{dwType, {}};
     if (isStringType(dwType)) {
-        std::wstring text(cbData / 2, L'\0');
+        std::wstring text(cbData / sizeof(WCHAR), L'\0');
         if (!text.empty())
             std::memcpy(text.data(), lpData, text.size() * sizeof(WCHAR));
-        // One 16-bit unit per character keeps the byte count the caller gave.
         for (wchar_t& c : text)
             if (static_cast<std::uint32_t>(c) > 0xFFFF)
                 c = 0xFFFD;

@@ -2,7 +2,7 @@
 #include <chrono>
 #include <string>
 
-#include "sim/core/Session.h"
+#include "sim/win32/ButtonPrompt.h"
 #include "windows.h"
 
 namespace {
@@ -47,14 +47,12 @@ HINSTANCE WINAPI ShellExecuteW(HWND, LPCWSTR lpOperation, LPCWSTR lpFile, LPCWST
 {
     if (!lpFile || !*lpFile)
         return reinterpret_cast<HINSTANCE>(static_cast<ULONG_PTR>(ERROR_FILE_NOT_FOUND));
-    std::wstring line = L"\n[ShellExecute] ";
+    std::wstring line = L"[ShellExecute] ";
     line += lpOperation && *lpOperation ? lpOperation : L"open";
     line += L' ';
     line += lpFile;
     if (lpParameters && *lpParameters)
         line += std::wstring(L" ") + lpParameters;
-    line += L'\n';
-    if (sim::Session* s = sim::Session::currentOrNull())
-        s->print(line);
+    sim::win32::showBlock(line);
     return reinterpret_cast<HINSTANCE>(static_cast<ULONG_PTR>(42));
 }

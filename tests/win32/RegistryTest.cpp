@@ -2,6 +2,9 @@
 // file read-only and tried for defaults, saves that leave no temporary file, damaged files.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <algorithm>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -60,7 +63,7 @@ HKEY createUserKey(const wchar_t* path)
     return key;
 }
 
-// Reads a string as the system does: KEY_READ, at most 1000 bytes.
+// Reads a string as the system does: KEY_READ, into a buffer of 500 characters sized with sizeof.
 LSTATUS readString(HKEY root, const wchar_t* path, const wchar_t* name, std::wstring& out, DWORD& type)
 {
     HKEY key = nullptr;
@@ -68,10 +71,10 @@ LSTATUS readString(HKEY root, const wchar_t* path, const wchar_t* name, std::wst
     if (status != ERROR_SUCCESS)
         return status;
     WCHAR buffer[500];
-    DWORD size = 1000;
+    DWORD size = sizeof(buffer);
     status = RegQueryValueExW(key, name, nullptr, &type, reinterpret_cast<LPBYTE>(buffer), &size);
     if (status == ERROR_SUCCESS)
-        out.assign(buffer, size / 2 - 1);
+        out.assign(buffer, size / sizeof(WCHAR) - 1);
     RegCloseKey(key);
     return status;
 }
@@ -94,7 +97,7 @@ TEST_F(RegistryFiles, ValuesKeepTheirTypesAcrossASave)
         ASSERT_EQ(RegSetValueExW(key, L"CurMatDrsnost", 0, REG_BINARY, reinterpret_cast<const BYTE*>(&real), 8), ERROR_SUCCESS);
         ASSERT_EQ(RegSetValueExW(key, L"Pocet", 0, REG_DWORD, reinterpret_cast<const BYTE*>(&integer), 4), ERROR_SUCCESS);
         ASSERT_EQ(RegSetValueExW(key, L"CurMat", 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                      static_cast<DWORD>((text.size() + 1) * 2)),
+                      static_cast<DWORD>((text.size() + 1) * sizeof(WCHAR))),
             ERROR_SUCCESS);
         RegCloseKey(key);
     }
@@ -109,7 +112,7 @@ TEST_F(RegistryFiles, ValuesKeepTheirTypesAcrossASave)
         DWORD type;
         DWORD size;
     } expected[] = {{L"nastaveno", REG_BINARY, 1}, {L"Glob_prepinace", REG_BINARY, 2}, {L"CurMatPop", REG_BINARY, 4},
-        {L"CurMatDrsnost", REG_BINARY, 8}, {L"Pocet", REG_DWORD, 4}, {L"CurMat", REG_SZ, 38}};
+        {L"CurMatDrsnost", REG_BINARY, 8}, {L"Pocet", REG_DWORD, 4}, {L"CurMat", REG_SZ, static_cast<DWORD>(19 * sizeof(WCHAR))}};
     for (const auto& e : expected) {
         DWORD type = 0, size = 0;
         ASSERT_EQ(RegQueryValueExW(key, e.name, nullptr, &type, nullptr, &size), ERROR_SUCCESS) << e.name;
@@ -165,21 +168,21 @@ TEST_F(RegistryFiles, MachineFileIsReadOnlyAndHoldsDefaults)
     EXPECT_EQ(text, L"XX");
     key = createUserKey(L"Software\\Togvarnik\\Common");
     const std::wstring ab = L"AB";
-    ASSERT_EQ(RegSetValueExW(key, L"PREDPONA", 0, REG_SZ, reinterpret_cast<const BYTE*>(ab.c_str()), 6), ERROR_SUCCESS);
+    ASSERT_EQ(RegSetValueExW(key, L"PREDPONA", 0, REG_SZ, reinterpret_cast<const BYTE*>(ab.c_str()), 3 * sizeof(WCHAR)), ERROR_SUCCESS);
     RegCloseKey(key);
     ASSERT_EQ(readString(HKEY_CURRENT_USER, L"Software\\Togvarnik\\Common", L"PREDPONA", text, type), ERROR_SUCCESS);
     EXPECT_EQ(text, L"AB");
     EXPECT_EQ(read("machine.reg").find("AB"), std::string::npos);
 }
 
-TEST_F(RegistryFiles, SizesCountSixteenBitCharacters)
+TEST_F(RegistryFiles, StringSizesCountTheCallersCharacters)
 {
     auto reg = Registry::open(dir);
     HKEY key = createUserKey(L"Software\\Togvarnik\\Common");
     for (size_t length : {499u, 500u}) {
         std::wstring text(length, L'ř');
         ASSERT_EQ(RegSetValueExW(key, L"Dlouhy", 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                      static_cast<DWORD>((length + 1) * 2)),
+                      static_cast<DWORD>((length + 1) * sizeof(WCHAR))),
             ERROR_SUCCESS);
         std::wstring back;
         DWORD type = 0;
@@ -223,21 +226,20 @@ TEST_F(RegistryFiles, DamagedFileIsReportedAndChangesNothing)
     ASSERT_TRUE(reg->value(L"HKEY_CURRENT_USER\\Software\\A", L"X"));
     EXPECT_EQ(*reg->value(L"HKEY_CURRENT_USER\\Software\\A", L"X"), regString(L"1"));
 
-    // A save that can't happen leaves the value as it was and fails the run.
+    // A save that can't happen (a folder stands where the file goes) leaves the value as it was, no
+    // temporary file, and fails the run.
     write("user.reg", good);
     reg->reload();
+    fs::remove(dir / "user.reg");
+    fs::create_directories(dir / "user.reg" / "blocked");
     sim::Session session(nullptr);
-    fs::permissions(dir, fs::perms::owner_read | fs::perms::owner_exec);
-    if (!fs::exists(dir / "probe") && !std::ofstream(dir / "probe")) {
-        const BYTE one = 1;
-        HKEY key = createUserKey(L"Software\\A");
-        EXPECT_EQ(RegSetValueExW(key, L"X", 0, REG_BINARY, &one, 1), ERROR_WRITE_FAULT);
-        RegCloseKey(key);
-        EXPECT_EQ(*reg->value(L"HKEY_CURRENT_USER\\Software\\A", L"X"), regString(L"1"));
-        EXPECT_TRUE(session.failure());
-    }
-    fs::permissions(dir, fs::perms::owner_all);
-    EXPECT_EQ(read("user.reg"), good);
+    const BYTE one = 1;
+    HKEY key = createUserKey(L"Software\\A");
+    EXPECT_EQ(RegSetValueExW(key, L"X", 0, REG_BINARY, &one, 1), ERROR_WRITE_FAULT);
+    RegCloseKey(key);
+    EXPECT_EQ(*reg->value(L"HKEY_CURRENT_USER\\Software\\A", L"X"), regString(L"1"));
+    EXPECT_TRUE(session.failure());
+    EXPECT_EQ(files(), std::vector<std::string>{"user.reg"});
 }
 
 TEST_F(RegistryFiles, MachineFileIsWrittenWithInstallPaths)
