@@ -75,28 +75,35 @@ int run(const Options& options, const fs::path& executable, std::istream& in, st
     auto registry = openRegistry(inst, registryError);
     if (!registry)
         return failed(registryError);
-    if (std::string e = options.drawing ? openDrawing(*options.drawing) : newDrawing(); !e.empty())
+    if (std::string e = options.drawing ? openDrawing(*options.drawing) : newDrawing(); !e.empty()) {
+        closeDrawings();
         return failed(e);
+    }
 
     std::wstring loadError;
-    if (!sim::app::dynamicLinker().load(kSystemName, acrxEntryPoint, &loadError))
+    if (!sim::app::dynamicLinker().load(kSystemName, acrxEntryPoint, &loadError)) {
+        closeDrawings();
         return failed(sim::toUtf8(loadError));
+    }
     // A prompt of the start (the first-run question) may already have used up the script.
     if (!sim::app::failIfPromptWaiting() && !session.failure())
         sim::app::commandLoop();
+    // The drawing is saved as the host saves before it quits; a failed run writes nothing.
+    std::string fileError;
+    if (!session.failure() && options.output)
+        fileError = saveDrawing(*options.output);
+    if (!session.failure() && fileError.empty() && options.svg)
+        fileError = writeSvg(*options.svg);
     sim::app::dynamicLinker().unloadAll();
+    closeDrawings();
 
     if (session.failure()) {
         std::string where = scriptName.empty() ? std::string() : scriptName + ", line " +
                                                                      std::to_string(session.lineNumber()) + ": ";
         return failed(where + sim::toUtf8(*session.failure()));
     }
-    if (options.output)
-        if (std::string e = saveDrawing(*options.output); !e.empty())
-            return failed(e);
-    if (options.svg)
-        if (std::string e = writeSvg(*options.svg); !e.empty())
-            return failed(e);
+    if (!fileError.empty())
+        return failed(fileError);
     return 0;
 }
 

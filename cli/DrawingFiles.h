@@ -1,17 +1,19 @@
-// The console's drawing files: opening a DXF drawing, saving the drawing as DXF and drawing it as
-// an SVG picture. Each gives an empty string on success, else the reason it failed.
+// The console's drawings: a new one, a DXF drawing opened from a file, the drawing saved as DXF or
+// drawn as an SVG picture. Each gives an empty string on success, else the reason it failed.
 #pragma once
 #include <string>
 
 namespace togu::cli {
 
-/// Opens the drawing as the current document in place of the new one.
+/// Opens a new drawing (millimetres) as the current document.
+std::string newDrawing();
+/// Opens the drawing of a DXF file as the current document.
 std::string openDrawing(const std::string& path);
 /// Saves the current document's drawing.
 std::string saveDrawing(const std::string& path);
-/// Makes a new drawing (millimetres) the current document.
-std::string newDrawing();
 /// Draws the current document's drawing as an SVG picture.
 std::string writeSvg(const std::string& path);
+/// Closes every open document at the end of the run.
+void closeDrawings();
 
 } // namespace togu::cli

@@ -4,6 +4,7 @@
 #include "acadstrc.h"
 #include "acutads.h"
 #include "gemat3d.h"
+#include "windows.h"
 
 // ---- Prompts -------------------------------------------------------------------------------------
 // Every prompt answers RTNORM with a value, RTNONE for Enter, RTCAN for Escape, RTKWORD when the
@@ -105,5 +106,7 @@ Acad::ErrorStatus acedSetCurrentUCS(const AcGeMatrix3d& mat);
 int acedDragGen(const ads_name ss, const ACHAR* pmt, int cursor, int (*scnf)(ads_point pt, ads_matrix mt), ads_point p);
 void acedUpdateDisplay();
 int acedRedraw(const ads_name ent, int mode);
-/// A pixel of the drawing window (x right, y down) as a point of the view plane.
-int acedCoordFromPixelToWorld(int windnum, int x, int y, ads_point ptOut);
+/// A pixel of the drawing window (x right, y down, as a CPoint or POINT) as a point of the view plane
+/// (display coordinates). windnum names the viewport; there is one here.
+bool acedCoordFromPixelToWorld(const POINT& ptIn, ads_point ptOut);
+bool acedCoordFromPixelToWorld(int windnum, POINT ptIn, ads_point ptOut);

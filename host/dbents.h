@@ -27,8 +27,8 @@ public:
     virtual Acad::ErrorStatus getParamAtPoint(const AcGePoint3d& point, double& param) const;
     virtual Acad::ErrorStatus getDistAtParam(double param, double& dist) const;
     virtual Acad::ErrorStatus getDistAtPoint(const AcGePoint3d& point, double& dist) const;
-    /// The derivative of the curve by its parameter (for a line the vector start to end, for an arc
-    /// the tangent times the radius).
+    /// The derivative of the curve by its parameter: for a line (parameter = distance) the unit
+    /// direction, for an arc or circle (parameter = angle) the tangent times the radius.
     virtual Acad::ErrorStatus getFirstDeriv(double param, AcGeVector3d& firstDeriv) const;
     virtual Acad::ErrorStatus getFirstDeriv(const AcGePoint3d& point, AcGeVector3d& firstDeriv) const;
     virtual Acad::ErrorStatus getClosestPointTo(const AcGePoint3d& givenPoint, AcGePoint3d& pointOnCurve,
@@ -195,6 +195,7 @@ public:
 
 private:
     friend class AcDbImpDatabase;
+    friend class AcDb2dPolyline;
     AcDb::Vertex2dType m_vertexType = AcDb::k2dVertex;
     AcGePoint3d m_position;
     double m_bulge = 0.0;

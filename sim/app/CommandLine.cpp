@@ -5,9 +5,9 @@
 #include <string>
 
 #include "sim/app/CommandStack.h"
-#include "sim/app/HostCommand.h"
 #include "sim/app/LispCall.h"
 #include "sim/core/Session.h"
+#include "sim/editor/HostCommands.h"
 
 namespace sim::app {
 
@@ -68,12 +68,15 @@ bool runCommandLine(std::wstring_view line)
         std::wstring name = L"the command " + upper(cmd->globalName());
         return guarded(name, fn);
     }
-    if (auto host = findHostCommand(text)) {
+    if (auto host = sim::editor::HostCommands::find(text)) {
         std::wstring name = L"the command " + upper(text);
         return guarded(name, host);
     }
     std::wstring name = upper(text);
     session.print(L"Unknown command \"" + name + L"\".  Press F1 for help.\n");
+    // At the keyboard a typing error is only a message, as at the host; a script stops on it.
+    if (session.interactive())
+        return true;
     session.fail(L"Unknown command \"" + name + L"\"");
     return false;
 }
@@ -94,7 +97,7 @@ bool commandLoop()
 bool failIfPromptWaiting()
 {
     Session& session = Session::current();
-    if (!session.waitingPrompt())
+    if (!session.waitingPrompt() || session.interactive())
         return false;
     session.fail(L"the script ended while a prompt was waiting for an answer: \"" +
                  std::wstring(trim(*session.waitingPrompt())) + L"\"");

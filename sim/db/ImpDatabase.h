@@ -10,6 +10,7 @@
 #include "dbdict.h"
 #include "dbents.h"
 #include "dbmain.h"
+#include "dbmtext.h"
 #include "dbsymtb.h"
 #include "sim/db/DatabaseAccess.h"
 #include "sim/db/ImpObject.h"

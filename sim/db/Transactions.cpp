@@ -237,3 +237,7 @@ void TransactionManager::downgradeHold(AcDbObject* obj)
 }
 
 } // namespace sim::db
+
+ACRX_DEFINE_MEMBERS(AcTransaction, AcRxObject, nullptr)
+ACRX_DEFINE_MEMBERS(AcTransactionManager, AcRxObject, nullptr)
+ACRX_DEFINE_MEMBERS(AcDbTransactionManager, AcTransactionManager, nullptr)

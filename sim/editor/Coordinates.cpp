@@ -83,10 +83,13 @@ Acad::ErrorStatus acedSetCurrentUCS(const AcGeMatrix3d& mat)
     return setCurrentUcs(mat) ? Acad::eOk : Acad::eInvalidInput;
 }
 
-int acedCoordFromPixelToWorld(int /*windnum*/, int x, int y, ads_point ptOut)
+bool acedCoordFromPixelToWorld(const POINT& ptIn, ads_point ptOut) { return acedCoordFromPixelToWorld(0, ptIn, ptOut); }
+
+bool acedCoordFromPixelToWorld(int /*windnum*/, POINT ptIn, ads_point ptOut)
 {
     if (!ptOut)
-        return RTERROR;
+        return false;
+    double x = ptIn.x, y = ptIn.y;
     auto screen = getVar(L"SCREENSIZE");
     AcGePoint3d size = screen ? std::get<AcGePoint3d>(*screen) : AcGePoint3d(1600, 900, 0);
     double px = pixelSize();
@@ -94,7 +97,7 @@ int acedCoordFromPixelToWorld(int /*windnum*/, int x, int y, ads_point ptOut)
     ptOut[0] = c.x + (x - size.x / 2.0) * px;
     ptOut[1] = c.y + (size.y / 2.0 - y) * px;
     ptOut[2] = 0.0;
-    return RTNORM;
+    return true;
 }
 
 void acedUpdateDisplay() {}

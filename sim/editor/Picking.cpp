@@ -6,6 +6,7 @@
 
 #include "dbobjptr.h"
 #include "dbents.h"
+#include "sim/db/UnknownObject.h"
 #include "sim/editor/DbNames.h"
 #include "sim/editor/EntityOutline.h"
 #include "sim/editor/Keywords.h"
@@ -225,6 +226,9 @@ EntityFacts factsOf(const AcDbEntity& e)
     EntityFacts f;
     const ACHAR* dxf = e.isA()->dxfName();
     f.type = dxf ? dxf : L"";
+    // Kinds the database keeps only as read from the file still have their record name.
+    if (auto* unknown = sim::db::UnknownEntity::cast(&e))
+        f.type = unknown->recordName;
     f.layer = recordName(e.layerId());
     f.linetype = recordName(e.linetypeId());
     f.color = e.colorIndex();

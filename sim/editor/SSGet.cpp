@@ -279,7 +279,9 @@ int singlePick(const ACHAR* prompt, Hit& hit, AcGePoint3d& pickUcs)
             hit = *h;
             return Take::Accepted;
         }
-        if (auto ids = handleIds(*db, t); ids && ids->size() == 1) {
+        if (auto ids = handleIds(*db, t)) {
+            if (ids->size() != 1)
+                return Take::Failed;
             hit = Hit{};
             hit.entity = hit.innermost = ids->front();
             pickUcs = shownPoint(hit.entity);

@@ -2,6 +2,8 @@
 // a prompt left waiting when the script ends).
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "accmd.h"
 #include "sim/app/CommandLine.h"
 #include "sim/core/Session.h"
@@ -47,6 +49,15 @@ TEST_F(CommandLine, UnknownCommandStopsTheRun)
     EXPECT_EQ(*session.failure(), L"Unknown command \"COUNT\"");
     EXPECT_NE(session.transcript().find(L"Command: count\nUnknown command \"COUNT\".  Press F1 for help.\n"),
               std::wstring::npos);
+}
+
+TEST_F(CommandLine, AtTheKeyboardAnUnknownCommandIsOnlyAMessage)
+{
+    std::istringstream keys("nesmysl\npocitej\nask2\n");
+    sim::Session session(std::make_unique<sim::StreamInput>(keys));
+    EXPECT_TRUE(sim::app::commandLoop());
+    EXPECT_EQ(g_runs, 1);
+    EXPECT_FALSE(session.failure()); // the input ending inside ask2 is the user leaving
 }
 
 TEST_F(CommandLine, ScriptEndingInsideACommandFails)

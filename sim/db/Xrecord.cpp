@@ -1,0 +1,53 @@
+// AcDbXrecord: a deep copy of a result-buffer chain.
+#include "dbxrecrd.h"
+#include "sim/core/ResBuf.h"
+#include "sim/db/DefineMembers.h"
+
+SIM_DB_DEFINE_MEMBERS(AcDbXrecord, AcDbObject, L"XRECORD")
+
+AcDbXrecord::AcDbXrecord(const AcDbXrecord& other)
+    : AcDbObject(other), m_chain(sim::copyChain(other.m_chain)), m_xlate(other.m_xlate), m_mergeStyle(other.m_mergeStyle)
+{
+}
+
+AcDbXrecord& AcDbXrecord::operator=(const AcDbXrecord& other)
+{
+    if (this != &other) {
+        AcDbObject::operator=(other);
+        resbuf* copy = sim::copyChain(other.m_chain);
+        acutRelRb(m_chain);
+        m_chain = copy;
+        m_xlate = other.m_xlate;
+        m_mergeStyle = other.m_mergeStyle;
+    }
+    return *this;
+}
+
+AcDbXrecord::~AcDbXrecord() { acutRelRb(m_chain); }
+
+Acad::ErrorStatus AcDbXrecord::rbChain(resbuf*& ppRb, AcDbDatabase*) const
+{
+    ppRb = sim::copyChain(m_chain);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& pRb, AcDbDatabase*)
+{
+    SIM_DB_ASSERT_WRITE();
+    resbuf* copy = sim::copyChain(&pRb);
+    acutRelRb(m_chain);
+    m_chain = copy;
+    return Acad::eOk;
+}
+
+void AcDbXrecord::setXlateReferences(bool translate)
+{
+    if (isWriteEnabled())
+        m_xlate = translate;
+}
+
+void AcDbXrecord::setMergeStyle(AcDb::DuplicateRecordCloning style)
+{
+    if (isWriteEnabled())
+        m_mergeStyle = style;
+}
