@@ -163,8 +163,11 @@ public:
     void getAcDbHandle(AcDbHandle& handle) const;
     /// The database the object is in, or null for a new object.
     AcDbDatabase* database() const;
-    /// The database the object is in, else the working database.
+    /// The database the object is in, else the one it is meant for, else the working database.
     AcDbDatabase* databaseToUse() const;
+    /// The database a new object is meant for (setDatabaseDefaults sets it), or null.
+    AcDbDatabase* intendedDatabase() const;
+    Acad::ErrorStatus setIntendedDatabase(AcDbDatabase* pDb);
 
     /// Ends this opener's access. A no-op for an object held by a transaction (the transaction
     /// closes it) and for a new object that is in no database.

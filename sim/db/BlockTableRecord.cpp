@@ -7,6 +7,7 @@
 #include "dbsymtb.h"
 #include "sim/db/DefineMembers.h"
 #include "sim/db/ImpDatabase.h"
+#include "sim/db/Names.h"
 
 SIM_DB_DEFINE_MEMBERS(AcDbBlockBegin, AcDbEntity, L"BLOCK")
 SIM_DB_DEFINE_MEMBERS(AcDbBlockEnd, AcDbEntity, L"ENDBLK")
@@ -17,7 +18,7 @@ namespace {
 bool startsWithNoCase(const std::wstring& s, const wchar_t* prefix)
 {
     size_t n = std::wcslen(prefix);
-    return s.size() >= n && AcString(s.substr(0, n).c_str()).compareNoCase(prefix) == 0;
+    return s.size() >= n && sim::db::sameName(s.substr(0, n), prefix);
 }
 
 Acad::ErrorStatus copyOut(const std::wstring& s, ACHAR*& out)

@@ -6,6 +6,7 @@
 #include "dbdict.h"
 #include "sim/db/DefineMembers.h"
 #include "sim/db/ImpDatabase.h"
+#include "sim/db/Names.h"
 
 SIM_DB_DEFINE_MEMBERS(AcDbDictionary, AcDbObject, L"DICTIONARY")
 ACRX_DEFINE_MEMBERS(AcDbDictionaryIterator, AcRxObject, nullptr)
@@ -15,7 +16,7 @@ int AcDbDictionary::find(const ACHAR* key) const
     if (!key)
         return -1;
     for (size_t i = 0; i < m_entries.size(); ++i)
-        if (AcString(m_entries[i].first.c_str()).compareNoCase(key) == 0)
+        if (sim::db::sameName(m_entries[i].first, key))
             return static_cast<int>(i);
     return -1;
 }
@@ -185,7 +186,7 @@ AcDbDictionaryIterator* AcDbDictionary::newIterator(AcRx::DictIterType type) con
             live.push_back(e);
     if (type == AcRx::kDictSorted)
         std::stable_sort(live.begin(), live.end(), [](const auto& a, const auto& b) {
-            return AcString(a.first.c_str()).compareNoCase(b.first.c_str()) < 0;
+            return sim::db::compareNoCase(a.first, b.first) < 0;
         });
     return new AcDbDictionaryIterator(std::move(live));
 }

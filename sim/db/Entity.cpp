@@ -150,6 +150,7 @@ void AcDbEntity::setDatabaseDefaults(AcDbDatabase* pDb, bool)
 {
     if (!pDb || !isWriteEnabled())
         return;
+    setIntendedDatabase(pDb);
     m_layerId = pDb->clayer();
     m_linetypeId = pDb->celtype();
     m_color = pDb->cecolor();

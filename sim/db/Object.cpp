@@ -10,6 +10,7 @@
 #include "dbmain.h"
 #include "sim/db/DefineMembers.h"
 #include "sim/db/ImpDatabase.h"
+#include "sim/db/Names.h"
 #include "sim/db/Transactions.h"
 
 using sim::db::Chain;
@@ -78,7 +79,24 @@ AcDbDatabase* AcDbObject::database() const { return mpImpObject->db; }
 
 AcDbDatabase* AcDbObject::databaseToUse() const
 {
-    return mpImpObject->db ? mpImpObject->db : acdbHostApplicationServices()->workingDatabase();
+    if (mpImpObject->db)
+        return mpImpObject->db;
+    if (mpImpObject->intended && AcDbImpDatabase::of(mpImpObject->intended))
+        return mpImpObject->intended;
+    return acdbHostApplicationServices()->workingDatabase();
+}
+
+AcDbDatabase* AcDbObject::intendedDatabase() const
+{
+    return mpImpObject->db ? mpImpObject->db : mpImpObject->intended;
+}
+
+Acad::ErrorStatus AcDbObject::setIntendedDatabase(AcDbDatabase* pDb)
+{
+    if (mpImpObject->db)
+        return Acad::eAlreadyInDb;
+    mpImpObject->intended = pDb;
+    return Acad::eOk;
 }
 
 // --- open state -------------------------------------------------------------------------------
@@ -174,10 +192,7 @@ bool AcDbObject::isTransactionResident() const { return mpImpObject->txnMode > 0
 
 namespace {
 
-bool sameName(const std::wstring& a, const ACHAR* b)
-{
-    return AcString(a.c_str()).compareNoCase(b) == 0;
-}
+bool sameName(const std::wstring& a, const ACHAR* b) { return sim::db::sameName(a, b); }
 
 } // namespace
 

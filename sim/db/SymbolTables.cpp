@@ -8,10 +8,11 @@
 #include "dbsymtb.h"
 #include "sim/db/DefineMembers.h"
 #include "sim/db/ImpDatabase.h"
+#include "sim/db/Names.h"
 
 namespace {
 
-bool sameName(const std::wstring& a, const ACHAR* b) { return AcString(a.c_str()).compareNoCase(b) == 0; }
+bool sameName(const std::wstring& a, const ACHAR* b) { return sim::db::sameName(a, b ? b : L""); }
 
 /// Characters a symbol name cannot hold; "*" only as the first character (anonymous blocks, *Active).
 bool validSymbolName(const ACHAR* name)

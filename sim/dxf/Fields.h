@@ -49,6 +49,13 @@ public:
     bool isTaken(int i) const { return m_rec.taken[static_cast<size_t>(i)] != 0; }
     void takeAt(int i) { m_rec.taken[static_cast<size_t>(i)] = 1; }
 
+    /// Keeps the bits of a flags group that the object does not model, for its writer.
+    void keepBits(int code, std::int64_t bits)
+    {
+        if (bits)
+            m_rec.keptBits.emplace_back(code, bits);
+    }
+
     Record& record() { return m_rec; }
 
 private:

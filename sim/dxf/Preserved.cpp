@@ -5,6 +5,10 @@ namespace sim::dxf {
 
 void keepUntaken(const Record& rec, sim::db::RawTags& out)
 {
+    for (const auto& [code, bits] : rec.keptBits) {
+        out.push_back({kKeptBits, std::string()});
+        out.push_back({code, std::to_string(bits)});
+    }
     if (!rec.appGroups.empty()) {
         out.push_back({kAppGroups, std::string()});
         for (const Tag& t : rec.appGroups)

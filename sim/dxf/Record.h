@@ -4,6 +4,7 @@
 #pragma once
 #include <cstdint>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "dbhandle.h"
@@ -38,6 +39,8 @@ struct Record {
     std::vector<std::uint8_t> taken;
     /// Per segment: the reader of the object's kind knows the subclass.
     std::vector<std::uint8_t> segmentRead;
+    /// Bits of flag groups that the reader does not model, by group code (kept, see Preserved.h).
+    std::vector<std::pair<int, std::int64_t>> keptBits;
 
     void clear();
     /// The segment's marker text (the subclass name); empty for the first segment.

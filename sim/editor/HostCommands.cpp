@@ -25,6 +25,7 @@ std::map<std::wstring, HostCommandFn>& table()
         {L"SETVAR", c::setvar},
         {L"PICKFIRST", c::pickfirst},
         {L"ERASE", c::erase},
+        {L"ZOOM", c::zoom},
     };
     return t;
 }

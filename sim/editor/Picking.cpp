@@ -202,6 +202,24 @@ std::vector<AcDbObjectId> inWindow(AcDbDatabase& db, const AcGePoint3d& c1, cons
     return ids;
 }
 
+std::optional<std::pair<AcGePoint3d, AcGePoint3d>> spaceExtents(AcDbDatabase& db)
+{
+    std::optional<std::pair<AcGePoint3d, AcGePoint3d>> box;
+    for (AcDbObjectId id : spaceEntities(db)) {
+        AcDbObjectPointer<AcDbEntity> e(id);
+        if (e.openStatus() != Acad::eOk || !drawn(*e, false))
+            continue;
+        for (const auto& piece : outlineOf(*e, id, aperture() / 8))
+            for (const auto& q : piece.points) {
+                if (!box)
+                    box.emplace(q, q);
+                box->first.set(std::min(box->first.x, q.x), std::min(box->first.y, q.y), 0.0);
+                box->second.set(std::max(box->second.x, q.x), std::max(box->second.y, q.y), 0.0);
+            }
+    }
+    return box;
+}
+
 std::vector<AcDbObjectId> allInSpace(AcDbDatabase& db)
 {
     std::vector<AcDbObjectId> ids;

@@ -3,6 +3,7 @@
 #pragma once
 #include <functional>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "dbmain.h"
@@ -31,6 +32,10 @@ std::optional<Hit> pickAt(AcDbDatabase& db, const AcGePoint3d& p,
 /// The entities of the current space that lie wholly inside the rectangle of two corners (WCS,
 /// seen from above), or with crossing also those that cross its edges.
 std::vector<AcDbObjectId> inWindow(AcDbDatabase& db, const AcGePoint3d& c1, const AcGePoint3d& c2, bool crossing);
+
+/// The corners (lower left, upper right; WCS, seen from above) of what the current space draws;
+/// nothing for an empty space.
+std::optional<std::pair<AcGePoint3d, AcGePoint3d>> spaceExtents(AcDbDatabase& db);
 
 /// Every entity of the current space but those on frozen layers.
 std::vector<AcDbObjectId> allInSpace(AcDbDatabase& db);

@@ -112,8 +112,9 @@ bool makeDotBlock(AcDbDatabase& db)
         return false;
     }
     auto* donut = new AcDbPolyline(2);
-    donut->addVertexAt(0, AcGePoint2d(-0.25, 0.0), 1.0, 0.5, 0.5);
-    donut->addVertexAt(1, AcGePoint2d(0.25, 0.0), 1.0, 0.5, 0.5);
+    donut->addVertexAt(0, AcGePoint2d(-0.25, 0.0), 1.0);
+    donut->addVertexAt(1, AcGePoint2d(0.25, 0.0), 1.0);
+    donut->setConstantWidth(0.5);
     donut->setClosed(true);
     donut->setLayer(db.layerZero());
     donut->setColorIndex(0);

@@ -92,13 +92,8 @@ TEST(Katalog, LayerRowsThatOtherPartsRelyOn)
     EXPECT_EQ(W(NajdiStdHladinu(L"osy")->typCary), L"SV");
     EXPECT_EQ(W(NajdiStdHladinu(L"ZT-tečkovaná")->typCary), L"TEČKOVANÁ");
     EXPECT_EQ(W(NajdiStdHladinu(L"UT-topná")->typCary), kSouvislaCara);
-
-    const StdHladina& cirk = *NajdiStdHladinu(L"ZT-voda_CIRK");
-    EXPECT_EQ(cirk.barva.colorIndex(), 210);
-    EXPECT_EQ(cirk.tloustka, AcDb::kLnWt053);
-    EXPECT_EQ(W(cirk.staryNazev), L"zti-VODA-CIRK");
+    EXPECT_EQ(NajdiStdHladinu(L"ZT-voda_CIRK")->barva.colorIndex(), 210);
     EXPECT_EQ(NajdiStdHladinu(L"kóty")->tloustka, AcDb::kLnWtByLwDefault);
-    EXPECT_EQ(NajdiStdHladinu(L"netisk")->barva.colorIndex(), 85);
 }
 
 TEST(Katalog, OnlyTgPoziceUsesTheLargeTextStyle)
@@ -115,44 +110,6 @@ TEST(Katalog, OnlyTgPoziceUsesTheLargeTextStyle)
             velky.push_back(W(s.nazev));
     }
     EXPECT_EQ(velky, std::vector<std::wstring>{L"TG_POZICE"});
-}
-
-TEST(Katalog, StyleRowsThatOtherPartsRelyOn)
-{
-    for (const auto& [klic, s] : StdKotaStyly()) {
-        EXPECT_EQ(W(s.sipka), L"_OBLIQUE") << W(s.nazev);
-        EXPECT_TRUE(s.dimpost.isEmpty()) << W(s.nazev);
-        EXPECT_EQ(s.dimtad, 1) << W(s.nazev);
-        EXPECT_EQ(s.dimtvp, 0.5) << W(s.nazev);
-    }
-    const StdKotaStyl& voda1 = *NajdiStdKotaStyl(L"TG_VODA1");
-    EXPECT_EQ(voda1.dimjust, 1);
-    EXPECT_EQ(voda1.dimlfac, 0.001);
-    EXPECT_EQ(voda1.dimdec, 3);
-    EXPECT_TRUE(voda1.dimse);
-    EXPECT_FALSE(voda1.dimsd1);
-    EXPECT_TRUE(voda1.dimsd2);
-    EXPECT_FALSE(voda1.dimupt);
-    const StdKotaStyl& vnejsi = *NajdiStdKotaStyl(L"TG_VNEJSI");
-    EXPECT_EQ(vnejsi.dimrnd, 5.0);
-    EXPECT_EQ(vnejsi.dimzin, 8);
-    EXPECT_EQ(vnejsi.dimtmove, 2);
-    EXPECT_FALSE(vnejsi.dimse);
-    const StdKotaStyl& kanrez = *NajdiStdKotaStyl(L"TG_KANREZ");
-    EXPECT_EQ(kanrez.dimatfit, 3);
-    EXPECT_TRUE(kanrez.dimse && kanrez.dimsd1 && kanrez.dimsd2 && kanrez.dimupt);
-
-    EXPECT_EQ(NajdiStdMLeaderStyl(L"TG_TECKA")->druhSipky, 1);
-    EXPECT_EQ(NajdiStdMLeaderStyl(L"TG_VYTYCENI")->velikostSipky, 0.6);
-    EXPECT_EQ(NajdiStdMLeaderStyl(L"TG_SIPKA")->druhSipky, 0);
-    EXPECT_EQ(NajdiStdMLeaderStyl(L"TG_POZICE")->vyskaTextu, 3.5);
-
-    for (const auto& [klic, t] : StdTextStyly()) {
-        EXPECT_EQ(W(t.souborFontu), L"ArialN.ttf");
-        EXPECT_EQ(W(t.pismo), L"Arial Narrow");
-        EXPECT_EQ(t.vyska, 0.0);
-        EXPECT_EQ(t.sirkovyFaktor, 1.0);
-    }
 }
 
 TEST(SeznamStdHladin, ListsTheLayersOfTheMaskByTheirStoredNames)

@@ -35,7 +35,7 @@ int FaultLine(const std::string& shp)
     }
 }
 
-/// A shape with `n` specification bytes: pen-down codes, then the end code, in lines of 40 values.
+/// A shape with `n` definition bytes: pen-down codes, then the end code, in lines of 40 values.
 std::string ShapeOfSize(int declared, int n, int number = 1)
 {
     std::string s = "*" + std::to_string(number) + "," + std::to_string(declared) + ",VELKY\n";
@@ -92,7 +92,7 @@ TEST(ShapeCompiler, EncodesEachArgumentByItsKind)
         "12,( 0 , -5 , -127 ),4,010,0\r\n");
     ASSERT_EQ(shapes.size(), 1u);
     EXPECT_EQ(shapes[0].name, "OBLOUK");
-    EXPECT_EQ(shapes[0].spec, (Bytes{8, 0xFE, 0x7F, 8, 0x80, 0x00, 10, 1, 0xC3, 10, 2, 0x43, 12, 0x00, 0xFB, 0x81,
+    EXPECT_EQ(shapes[0].bytes, (Bytes{8, 0xFE, 0x7F, 8, 0x80, 0x00, 10, 1, 0xC3, 10, 2, 0x43, 12, 0x00, 0xFB, 0x81,
                                   4, 0x10, 0}));
 }
 
@@ -101,7 +101,7 @@ TEST(ShapeCompiler, KnowsAZeroThatIsAnArgumentFromTheEndCode)
     // Code 9 runs up to the pair (0,0); code 13 likewise, with a bulge after each other pair.
     auto shapes = shx::parseShp("*1,14,BEH\n9,(1,0),(0,1),(0,0),13,(2,0,-127),(0,0),0\n");
     ASSERT_EQ(shapes.size(), 1u);
-    EXPECT_EQ(shapes[0].spec.size(), 14u);
+    EXPECT_EQ(shapes[0].bytes.size(), 14u);
     EXPECT_EQ(FaultLine("*1,4,BEH\n8,(2,0)\n"), 2) << "the last 0 is an argument, not the end";
     EXPECT_EQ(FaultLine("*1,5,BEH\n8,(2,0),0,1\n"), 2) << "bytes after the end code";
 }

@@ -150,8 +150,9 @@ std::vector<Complex> CheckPattern(const std::string& file, const LineType& t)
             complexes.push_back(c);
         } else {
             EXPECT_TRUE(IsNumber(p)) << where << ": " << CTogFunkce::DoUtf8(p);
-            if (i == 1)
+            if (i == 1) {
                 EXPECT_GE(std::wcstod(p.c_str(), nullptr), 0.0) << where << ": the A alignment starts with a dash or dot";
+            }
             ++dashes;
         }
     }

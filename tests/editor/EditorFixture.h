@@ -18,6 +18,7 @@ protected:
     {
         sim::editor::resetEditor();
         acdbHostApplicationServices()->setWorkingDatabase(&db);
+        setView(AcGePoint2d(0, 0), 900.0); // a pick box of 3 drawing units
     }
     void TearDown() override
     {
@@ -46,6 +47,16 @@ protected:
     AcDbObjectId addLine(double x0, double y0, double x1, double y1)
     {
         return add(new AcDbLine(AcGePoint3d(x0, y0, 0), AcGePoint3d(x1, y1, 0)));
+    }
+
+    /// Shows the drawing with the view's centre and height: one pixel of the 900 of the screen's
+    /// height is height / 900 drawing units, and the pick box PICKBOX (3) pixels.
+    void setView(const AcGePoint2d& centre, double height)
+    {
+        AcDbViewportTableRecordPointer active(L"*Active", &db, AcDb::kForWrite);
+        ASSERT_EQ(active.openStatus(), Acad::eOk);
+        active->setCenterPoint(centre);
+        active->setHeight(height);
     }
 
     static AcDbObjectId idOf(const ads_name name)

@@ -134,7 +134,7 @@ TEST_F(HostCommandsTest, TextLinesWithHeightRotationAndJustification)
 TEST_F(HostCommandsTest, LayerMakeFreezeColourAndSet)
 {
     run(L"_-LAYER", "m\nZT_kóty\nc\n3\nZT_kóty\nn\nA,B\nf\nB\nf\nZT_kóty\nlo\na\n\n");
-    AcDbLayerTableRecordPointer made(L"zt_KÓTY", &db);
+    AcDbLayerTableRecordPointer made(L"zt_kóty", &db);
     ASSERT_EQ(made.openStatus(), Acad::eOk);
     EXPECT_EQ(db.clayer(), made->objectId()) << "Make sets the layer current";
     EXPECT_EQ(made->color().colorIndex(), 3);
@@ -210,4 +210,27 @@ TEST_F(HostCommandsTest, EscapeInsideACommandKeepsWhatWasDrawn)
     run(L"_PLINE", "0,0\n10,0\n");
     EXPECT_EQ(modelSpace(db).size(), 2u) << "input that runs out ends the polyline where it stands";
     EXPECT_TRUE(session->waitingPrompt());
+}
+
+TEST_F(HostCommandsTest, ZoomSetsTheViewThatPicksAreMeasuredIn)
+{
+    AcDbObjectId line = addLine(0, 0, 100, 0);
+    run(L"_ZOOM", "0,-45\n10,45\n");
+    resbuf size{}, centre{};
+    acedGetVar(L"VIEWSIZE", &size);
+    acedGetVar(L"VIEWCTR", &centre);
+    EXPECT_DOUBLE_EQ(size.resval.rreal, 90.0);
+    EXPECT_TRUE(asPnt3d(centre.resval.rpoint).isEqualTo(AcGePoint3d(5, 0, 0)));
+    ads_point near = {50, 0.2, 0}; // the pick box is 3 pixels of 0.1 units
+    ads_name ss;
+    ASSERT_EQ(acedSSGet(nullptr, near, nullptr, nullptr, ss), RTNORM);
+    acedSSFree(ss);
+    run(L"ZOOM", "10x\n");
+    acedGetVar(L"VIEWSIZE", &size);
+    EXPECT_DOUBLE_EQ(size.resval.rreal, 9.0);
+    EXPECT_EQ(acedSSGet(nullptr, near, nullptr, nullptr, ss), RTERROR) << "zoomed in, the pick box covers less";
+    run(L"ZOOM", "e\n");
+    acedGetVar(L"VIEWSIZE", &size);
+    EXPECT_GT(size.resval.rreal, 100.0 * 9 / 16);
+    (void)line;
 }

@@ -271,3 +271,87 @@ TEST_F(SelectionTest, ImpliedSelectionAndTheCallsOnSets)
     EXPECT_EQ(acedSSDel(ea, ss), RTERROR);
     EXPECT_EQ(members(ss), std::vector<AcDbObjectId>{b});
 }
+
+namespace {
+// Moves along the UCS X axis only: the drag function of a level mark.
+int followX(ads_point pt, ads_matrix mt)
+{
+    for (int i = 0; i < 4; ++i)
+        for (int j = 0; j < 4; ++j)
+            mt[i][j] = i == j ? 1.0 : 0.0;
+    mt[0][3] = pt[0];
+    return RTNORM;
+}
+} // namespace
+
+TEST_F(SelectionTest, DragMovesTheSetToTheAnsweredPoint)
+{
+    AcDbObjectId line = addLine(0, 0, 10, 0);
+    ads_name e, ss;
+    acdbGetAdsName(e, line);
+    acedSSAdd(e, nullptr, ss);
+    script("7,100\n\n");
+    ads_point end;
+    ASSERT_EQ(acedDragGen(ss, L"Place: ", 0, followX, end), RTNORM);
+    EXPECT_EQ(asPnt3d(end), AcGePoint3d(7, 100, 0));
+    {
+        AcDbObjectPointer<AcDbLine> moved(line);
+        EXPECT_EQ(moved->startPoint(), AcGePoint3d(7, 0, 0));
+    }
+    EXPECT_EQ(acedDragGen(ss, L"Place: ", 0, followX, end), RTNONE);
+    acedSSFree(ss);
+}
+
+TEST_F(SelectionTest, TextsArePickedInsideTheirBoxes)
+{
+    AcDbObjectId text = add(new AcDbText(AcGePoint3d(0, 0, 0), L"DN 100", AcDbObjectId::kNull, 10.0, M_PI / 2));
+    auto* m = new AcDbMText;
+    m->setLocation(AcGePoint3d(100, 100, 0));
+    m->setTextHeight(10.0);
+    m->setContents(L"první\\Pdruhý řádek");
+    AcDbObjectId mtext = add(m);
+    ads_point inText = {-5, 30, 0}; // the text runs upwards from the origin
+    ads_point inSecondLine = {130, 78, 0};
+    ads_point beside = {30, 5, 0};
+    ads_name ss;
+    ASSERT_EQ(acedSSGet(nullptr, inText, nullptr, nullptr, ss), RTNORM);
+    EXPECT_EQ(members(ss), std::vector<AcDbObjectId>{text});
+    acedSSFree(ss);
+    ASSERT_EQ(acedSSGet(nullptr, inSecondLine, nullptr, nullptr, ss), RTNORM);
+    EXPECT_EQ(members(ss), std::vector<AcDbObjectId>{mtext});
+    acedSSFree(ss);
+    EXPECT_EQ(acedSSGet(nullptr, beside, nullptr, nullptr, ss), RTERROR);
+}
+
+TEST_F(SelectionTest, AllWithALayerFilterAndKeywordsAtTheSelectionPrompt)
+{
+    AcDbObjectId onZero = addLine(0, 0, 10, 0);
+    {
+        AcDbLayerTablePointer layers(&db, AcDb::kForWrite);
+        auto* l = new AcDbLayerTableRecord;
+        l->setName(L"ZT_voda");
+        layers->add(l);
+        l->close();
+    }
+    AcDbObjectId onWater = addLine(0, 10, 10, 10);
+    {
+        AcDbEntityPointer e(onWater, AcDb::kForWrite);
+        e->setLayer(L"ZT_voda");
+    }
+    resbuf* water = acutBuildList(8, L"zt_*", 0);
+    ads_name ss;
+    ASSERT_EQ(acedSSGet(L"_X", nullptr, nullptr, water, ss), RTNORM);
+    acutRelRb(water);
+    EXPECT_EQ(members(ss), std::vector<AcDbObjectId>{onWater});
+    acedSSFree(ss);
+
+    script("5,0\nn\n");
+    const ACHAR* prompts[] = {L"\nVyber (přidej): ", L"\nVyber (odeber): "};
+    acedInitGet(0, L"N");
+    EXPECT_EQ(acedSSGet(L":$", prompts, nullptr, nullptr, ss), RTKWORD);
+    ACHAR kw[4];
+    acedGetInput(kw, 4);
+    EXPECT_STREQ(kw, L"N");
+    EXPECT_NE(transcript().find(L"Vyber (přidej): 5,0"), std::wstring::npos);
+    (void)onZero;
+}

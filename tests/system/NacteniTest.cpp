@@ -8,6 +8,8 @@
 #include "SystemNaPlatforme.h"
 #include "accmd.h"
 #include "acdocman.h"
+#include "acedads.h"
+#include "dbapserv.h"
 #include "acedlisp.h"
 #include "sim/app/CommandStack.h"
 #include "sim/app/LispCall.h"
@@ -125,9 +127,7 @@ TEST_F(Nacteni, DrawingInTheDefaultUnitsSetsNoVariable)
 TEST_F(Nacteni, OnlyTheTargetDifferingSetsBoth)
 {
     Spust();
-    ASSERT_EQ(acedSetVar(L"INSUNITSDEFTARGET", std::unique_ptr<resbuf, sim::app::ChainDeleter>(
-                                                   acutBuildList(RTSHORT, 6, 0)).get()),
-              RTNORM);
+    ASSERT_EQ(acedSetVar(L"INSUNITSDEFTARGET", sim::db::Chain(acutBuildList(RTSHORT, 6, 0)).get()), RTNORM);
     ASSERT_NE(Nacti(), nullptr);
     EXPECT_TRUE(DrziEditor(L"INSUNITSDEFSOURCE"));
     EXPECT_EQ(Promenna(L"INSUNITSDEFSOURCE"), 4);
@@ -173,8 +173,8 @@ TEST_F(Nacteni, AutoLispFunctionsAnswerNil)
         ASSERT_NE(definice, nullptr);
         std::optional<sim::app::LispAnswer> odpoved = sim::app::invokeLisp(*definice, nullptr);
         ASSERT_TRUE(odpoved.has_value());
-        ASSERT_NE(odpoved->values, nullptr);
-        EXPECT_EQ(odpoved->values->restype, RTNIL);
+        ASSERT_FALSE(odpoved->values.empty());
+        EXPECT_EQ(odpoved->values.get()->restype, RTNIL);
     }
     EXPECT_EQ(Zaznam().find(L"togu_is_debug"), std::wstring::npos);
     EXPECT_NE(Zaznam().find(L"\nFunkce togu_nastaveni zatím není v tomto sestavení k dispozici."), std::wstring::npos);

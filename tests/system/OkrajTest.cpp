@@ -5,6 +5,8 @@
 #include "OkrajPrikazu.h"
 #include "SystemNaPlatforme.h"
 #include "acdocman.h"
+#include "acedads.h"
+#include "dbapserv.h"
 #include "acedlisp.h"
 #include "sim/app/LispCall.h"
 #include "sim/app/LispFunctions.h"
@@ -72,8 +74,8 @@ TEST_F(Okraj, FailedAutoLispFunctionAnswersNil)
     ASSERT_NE(app, nullptr);
     std::optional<sim::app::LispAnswer> odpoved = sim::app::invokeLisp({L"s_chybou", 0, app}, nullptr);
     ASSERT_TRUE(odpoved.has_value());
-    ASSERT_NE(odpoved->values, nullptr);
-    EXPECT_EQ(odpoved->values->restype, RTNIL);
+    ASSERT_FALSE(odpoved->values.empty());
+    EXPECT_EQ(odpoved->values.get()->restype, RTNIL);
     EXPECT_NE(Zaznam().find(L"Nelze otevřít slovník"), std::wstring::npos);
 }
 

@@ -13,7 +13,7 @@
 
 namespace shx {
 
-/// A shape definition is at most this many specification bytes, its end code included.
+/// A shape is defined in at most this many bytes, its end code included.
 constexpr int kMaxDefBytes = 2000;
 /// Shape numbers of a shape file; 0 is the header of a font.
 constexpr int kMinShapeNumber = 1;
@@ -27,7 +27,7 @@ inline constexpr std::string_view kEndMark{"EOF"};
 struct Shape {
     int number = 0;
     std::string name;
-    std::vector<std::uint8_t> spec; // specification bytes, ending with the end code 0
+    std::vector<std::uint8_t> bytes; // definition bytes, ending with the end code 0
 };
 
 /// A fault of the source, with the line it stands on (1-based; 0 when no line applies).
@@ -194,10 +194,10 @@ struct Pending {
 inline void finish(Pending& p, std::vector<Shape>& shapes, std::map<int, int>& subshapeLines)
 {
     std::vector<int> subshapes;
-    p.shape.spec = Encoder(p.values, p.headerLine, subshapes).run();
-    if (static_cast<long>(p.shape.spec.size()) != p.defBytes)
+    p.shape.bytes = Encoder(p.values, p.headerLine, subshapes).run();
+    if (static_cast<long>(p.shape.bytes.size()) != p.defBytes)
         throw ShapeError(p.headerLine, "shape " + p.shape.name + " declares " + std::to_string(p.defBytes)
-            + " bytes and has " + std::to_string(p.shape.spec.size()));
+            + " bytes and has " + std::to_string(p.shape.bytes.size()));
     for (int s : subshapes)
         subshapeLines.emplace(s, p.headerLine);
     shapes.push_back(std::move(p.shape));
@@ -239,7 +239,7 @@ inline void parseHeader(std::string_view line, int lineNo, Pending& p)
     p.headerLine = lineNo;
 }
 
-inline void parseSpecLine(std::string_view line, int lineNo, std::vector<Value>& values)
+inline void parseDefinitionLine(std::string_view line, int lineNo, std::vector<Value>& values)
 {
     std::size_t start = 0;
     while (start <= line.size()) {
@@ -300,8 +300,8 @@ inline std::vector<Shape> parseShp(std::string_view text)
             open = true;
         } else {
             if (!open)
-                throw ShapeError(lineNo, "specification bytes before the first shape header");
-            detail::parseSpecLine(line, lineNo, pending.values);
+                throw ShapeError(lineNo, "definition bytes before the first shape header");
+            detail::parseDefinitionLine(line, lineNo, pending.values);
         }
     }
     if (open)
@@ -327,7 +327,7 @@ inline std::vector<std::uint8_t> writeShx(std::vector<Shape> shapes)
             throw ShapeError(0, "shape number " + std::to_string(s.number) + " is out of range 1 to 255");
         if (i > 0 && shapes[i - 1].number == s.number)
             throw ShapeError(0, "shape number " + std::to_string(s.number) + " is defined twice");
-        if (s.spec.empty() || s.spec.size() > static_cast<std::size_t>(kMaxDefBytes) || s.spec.back() != 0)
+        if (s.bytes.empty() || s.bytes.size() > static_cast<std::size_t>(kMaxDefBytes) || s.bytes.back() != 0)
             throw ShapeError(0, "shape " + s.name + " has no valid definition");
         if (s.name.empty() || s.name.find('\0') != std::string::npos)
             throw ShapeError(0, "shape " + std::to_string(s.number) + " has no valid name");
@@ -343,12 +343,12 @@ inline std::vector<std::uint8_t> writeShx(std::vector<Shape> shapes)
     word(shapes.size());
     for (const Shape& s : shapes) {
         word(static_cast<std::size_t>(s.number));
-        word(s.name.size() + 1 + s.spec.size());
+        word(s.name.size() + 1 + s.bytes.size());
     }
     for (const Shape& s : shapes) {
         out.insert(out.end(), s.name.begin(), s.name.end());
         out.push_back(0);
-        out.insert(out.end(), s.spec.begin(), s.spec.end());
+        out.insert(out.end(), s.bytes.begin(), s.bytes.end());
     }
     out.insert(out.end(), kEndMark.begin(), kEndMark.end());
     return out;

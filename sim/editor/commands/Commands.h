@@ -18,6 +18,7 @@ void setvar();
 void setvarNamed(const std::wstring& name);
 void pickfirst();
 void erase();
+void zoom();
 
 /// Appends a new entity to the current space of the working database with the current layer, colour
 /// and line type, and closes it. The entity is deleted when it cannot be appended; null then.

@@ -1,0 +1,566 @@
+// The codecs of the entities the database models: line, circle, arc, lightweight polyline, 2D
+// polyline with its vertices and end, text, multi-line text, attribute definition, attribute,
+// block reference, and the begin and end markers of a block definition.
+#include <memory>
+
+#include "dbents.h"
+#include "dbmtext.h"
+#include "dbpl.h"
+#include "sim/db/FileAccess.h"
+#include "sim/dxf/Angles.h"
+#include "sim/dxf/Codec.h"
+#include "sim/dxf/EntityFields.h"
+
+namespace sim::dxf {
+
+namespace {
+
+using Ref = ReadContext::Ref;
+
+bool isZAxis(const AcGeVector3d& v) { return v.x == 0.0 && v.y == 0.0 && v.z == 1.0; }
+
+void writeNormal(ObjectWriter& w, const AcGeVector3d& n)
+{
+    if (!isZAxis(n))
+        w.out.point(210, n);
+}
+
+/// The frame every entity codec shares: a new object, its AcDbEntity fields, then its own.
+template <class T>
+class EntityCodec : public Codec {
+public:
+    AcRxClass* objectClass() const override { return T::desc(); }
+
+    AcDbObject* read(Fields& f, ReadContext& cx) const override
+    {
+        if (!accepts(f))
+            return nullptr;
+        auto obj = std::make_unique<T>();
+        prepare(*obj, f);
+        readEntity(*obj, f, cx);
+        readFields(*obj, f, cx);
+        return obj.release();
+    }
+
+    void write(const AcDbObject& obj, ObjectWriter& w, WriteContext& cx) const override
+    {
+        const T& e = static_cast<const T&>(obj);
+        w.begin(recordName(), e);
+        writeEntity(e, w, cx);
+        writeFields(e, w, cx);
+        w.end();
+    }
+
+protected:
+    /// False leaves the record to tag storage.
+    virtual bool accepts(Fields&) const { return true; }
+    /// Runs before the entity's common fields.
+    virtual void prepare(T&, Fields&) const {}
+    virtual void readFields(T& e, Fields& f, ReadContext& cx) const = 0;
+    virtual void writeFields(const T& e, ObjectWriter& w, WriteContext& cx) const = 0;
+};
+
+class LineCodec : public EntityCodec<AcDbLine> {
+public:
+    std::string_view recordName() const override { return "LINE"; }
+
+protected:
+    void readFields(AcDbLine& e, Fields& f, ReadContext&) const override
+    {
+        f.sub("AcDbLine");
+        e.setThickness(f.real(39));
+        e.setStartPoint(f.point(10));
+        e.setEndPoint(f.point(11));
+        e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
+    }
+    void writeFields(const AcDbLine& e, ObjectWriter& w, WriteContext&) const override
+    {
+        w.subclass("AcDbLine");
+        if (e.thickness() != 0.0)
+            w.out.real(39, e.thickness());
+        w.out.point(10, e.startPoint());
+        w.out.point(11, e.endPoint());
+        writeNormal(w, e.normal());
+    }
+};
+
+class CircleCodec : public EntityCodec<AcDbCircle> {
+public:
+    std::string_view recordName() const override { return "CIRCLE"; }
+
+protected:
+    void readFields(AcDbCircle& e, Fields& f, ReadContext&) const override
+    {
+        f.sub("AcDbCircle");
+        e.setThickness(f.real(39));
+        e.setCenter(f.point(10));
+        e.setRadius(f.real(40));
+        e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
+    }
+    void writeFields(const AcDbCircle& e, ObjectWriter& w, WriteContext&) const override
+    {
+        w.subclass("AcDbCircle");
+        if (e.thickness() != 0.0)
+            w.out.real(39, e.thickness());
+        w.out.point(10, e.center());
+        w.out.real(40, e.radius());
+        writeNormal(w, e.normal());
+    }
+};
+
+class ArcCodec : public EntityCodec<AcDbArc> {
+public:
+    std::string_view recordName() const override { return "ARC"; }
+
+protected:
+    void readFields(AcDbArc& e, Fields& f, ReadContext&) const override
+    {
+        f.sub("AcDbCircle");
+        e.setThickness(f.real(39));
+        e.setCenter(f.point(10));
+        e.setRadius(f.real(40));
+        e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
+        f.sub("AcDbArc");
+        e.setStartAngle(radians(f.real(50)));
+        e.setEndAngle(radians(f.real(51)));
+    }
+    void writeFields(const AcDbArc& e, ObjectWriter& w, WriteContext&) const override
+    {
+        w.subclass("AcDbCircle");
+        if (e.thickness() != 0.0)
+            w.out.real(39, e.thickness());
+        w.out.point(10, e.center());
+        w.out.real(40, e.radius());
+        writeNormal(w, e.normal());
+        w.subclass("AcDbArc");
+        w.out.real(50, degrees(e.startAngle()));
+        w.out.real(51, degrees(e.endAngle()));
+    }
+};
+
+class LwPolylineCodec : public EntityCodec<AcDbPolyline> {
+public:
+    std::string_view recordName() const override { return "LWPOLYLINE"; }
+
+protected:
+    void readFields(AcDbPolyline& e, Fields& f, ReadContext&) const override
+    {
+        f.sub("AcDbPolyline");
+        f.take(90); // the count follows from the vertices
+        int flags = f.int32(70);
+        const Tag* constant = f.take(43);
+        e.setElevation(f.real(38));
+        e.setThickness(f.real(39));
+        e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
+        if (constant)
+            e.setConstantWidth(constant->real);
+
+        // Vertices: each 10 begins one; its 20, widths, bulge and identifier follow.
+        struct V {
+            AcGePoint2d pt;
+            double bulge = 0.0, start = -1.0, end = -1.0;
+        };
+        V v;
+        bool open = false;
+        unsigned n = 0;
+        auto flush = [&] {
+            if (open)
+                e.addVertexAt(n++, v.pt, v.bulge, v.start, v.end);
+            v = V();
+        };
+        for (int i = f.begin(); i < f.end(); ++i) {
+            if (f.isTaken(i))
+                continue;
+            const Tag& t = f.at(i);
+            switch (t.code) {
+            case 10:
+                flush();
+                open = true;
+                v.pt.x = t.real;
+                break;
+            case 20:
+                v.pt.y = t.real;
+                break;
+            case 40:
+                v.start = t.real;
+                break;
+            case 41:
+                v.end = t.real;
+                break;
+            case 42:
+                v.bulge = t.real;
+                break;
+            case 91: // vertex identifiers: the database keeps none
+                break;
+            default:
+                continue;
+            }
+            f.takeAt(i);
+        }
+        flush();
+        e.setClosed(flags & 1);
+        e.setPlinegen(flags & 128);
+    }
+    void writeFields(const AcDbPolyline& e, ObjectWriter& w, WriteContext&) const override
+    {
+        w.subclass("AcDbPolyline");
+        w.out.integer(90, e.numVerts());
+        w.out.integer(70, (e.isClosed() ? 1 : 0) | (e.hasPlinegen() ? 128 : 0));
+        double constant = 0.0;
+        bool isConstant = e.getConstantWidth(constant) == Acad::eOk;
+        if (isConstant && constant != 0.0)
+            w.out.real(43, constant);
+        if (e.elevation() != 0.0)
+            w.out.real(38, e.elevation());
+        if (e.thickness() != 0.0)
+            w.out.real(39, e.thickness());
+        for (unsigned i = 0; i < e.numVerts(); ++i) {
+            AcGePoint2d p;
+            e.getPointAt(i, p);
+            w.out.point2d(10, p.x, p.y);
+            if (!isConstant) {
+                double s = 0.0, en = 0.0;
+                e.getWidthsAt(i, s, en);
+                w.out.real(40, s);
+                w.out.real(41, en);
+            }
+            double b = 0.0;
+            e.getBulgeAt(i, b);
+            if (b != 0.0)
+                w.out.real(42, b);
+        }
+        writeNormal(w, e.normal());
+    }
+};
+
+/// Flags of POLYLINE that make it something else than a 2D polyline: 3D polyline, mesh, face mesh.
+constexpr int kNot2d = 8 | 16 | 64;
+
+class Polyline2dCodec : public EntityCodec<AcDb2dPolyline> {
+public:
+    std::string_view recordName() const override { return "POLYLINE"; }
+
+protected:
+    bool accepts(Fields& f) const override
+    {
+        const Tag* flags = f.sub("AcDb2dPolyline").find(70);
+        if (!f.record().hasSubclassMarkers() || f.begin() == f.end())
+            flags = f.head().find(70);
+        return !(flags && (flags->integer & kNot2d));
+    }
+    void readFields(AcDb2dPolyline& e, Fields& f, ReadContext&) const override
+    {
+        f.sub("AcDb2dPolyline");
+        f.take(66);
+        AcGePoint3d p = f.point(10);
+        e.setElevation(p.z);
+        int flags = f.int32(70);
+        e.setDefaultStartWidth(f.real(40));
+        e.setDefaultEndWidth(f.real(41));
+        int curve = f.int32(75);
+        e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
+        if (flags & 1)
+            e.makeClosed();
+        if (flags & 2)
+            e.setPolyType(AcDb::k2dFitCurvePoly);
+        else if (flags & 4)
+            e.setPolyType(curve == 6 ? AcDb::k2dCubicSplinePoly : AcDb::k2dQuadSplinePoly);
+    }
+    void writeFields(const AcDb2dPolyline& e, ObjectWriter& w, WriteContext&) const override
+    {
+        w.subclass("AcDb2dPolyline");
+        w.out.integer(66, 1);
+        w.out.point(10, AcGePoint3d(0.0, 0.0, e.elevation()));
+        int flags = e.isClosed() ? 1 : 0;
+        int curve = 0;
+        switch (e.polyType()) {
+        case AcDb::k2dFitCurvePoly:
+            flags |= 2;
+            break;
+        case AcDb::k2dQuadSplinePoly:
+            flags |= 4;
+            curve = 5;
+            break;
+        case AcDb::k2dCubicSplinePoly:
+            flags |= 4;
+            curve = 6;
+            break;
+        default:
+            break;
+        }
+        w.out.integer(70, flags);
+        if (e.defaultStartWidth() != 0.0)
+            w.out.real(40, e.defaultStartWidth());
+        if (e.defaultEndWidth() != 0.0)
+            w.out.real(41, e.defaultEndWidth());
+        if (curve)
+            w.out.integer(75, curve);
+        writeNormal(w, e.normal());
+    }
+};
+
+class Vertex2dCodec : public EntityCodec<AcDb2dVertex> {
+public:
+    std::string_view recordName() const override { return "VERTEX"; }
+
+protected:
+    void readFields(AcDb2dVertex& e, Fields& f, ReadContext&) const override
+    {
+        f.sub("AcDbVertex");
+        f.sub("AcDb2dVertex");
+        e.setPosition(f.point(10));
+        e.setStartWidth(f.real(40));
+        e.setEndWidth(f.real(41));
+        e.setBulge(f.real(42));
+        // The vertex flags (70), tangent (50) and identifier (91) stay as they came.
+    }
+    void writeFields(const AcDb2dVertex& e, ObjectWriter& w, WriteContext&) const override
+    {
+        w.subclass("AcDbVertex");
+        w.subclass("AcDb2dVertex");
+        w.out.point(10, e.position());
+        if (e.startWidth() != 0.0)
+            w.out.real(40, e.startWidth());
+        if (e.endWidth() != 0.0)
+            w.out.real(41, e.endWidth());
+        if (e.bulge() != 0.0)
+            w.out.real(42, e.bulge());
+    }
+};
+
+class SequenceEndCodec : public EntityCodec<AcDbSequenceEnd> {
+public:
+    std::string_view recordName() const override { return "SEQEND"; }
+
+protected:
+    void readFields(AcDbSequenceEnd&, Fields&, ReadContext&) const override {}
+    void writeFields(const AcDbSequenceEnd&, ObjectWriter&, WriteContext&) const override {}
+};
+
+class BlockBeginCodec : public EntityCodec<AcDbBlockBegin> {
+public:
+    std::string_view recordName() const override { return "BLOCK"; }
+
+protected:
+    // The block's own fields belong to its record: the reader of the BLOCKS section takes them.
+    void readFields(AcDbBlockBegin&, Fields&, ReadContext&) const override {}
+    void writeFields(const AcDbBlockBegin& e, ObjectWriter& w, WriteContext& cx) const override
+    {
+        writeBlockBeginFields(e, w, cx);
+    }
+};
+
+class BlockEndCodec : public EntityCodec<AcDbBlockEnd> {
+public:
+    std::string_view recordName() const override { return "ENDBLK"; }
+
+protected:
+    void readFields(AcDbBlockEnd& e, Fields& f, ReadContext&) const override
+    {
+        (void)e;
+        f.sub("AcDbBlockEnd");
+    }
+    void writeFields(const AcDbBlockEnd&, ObjectWriter& w, WriteContext&) const override { w.subclass("AcDbBlockEnd"); }
+};
+
+class TextCodec : public EntityCodec<AcDbText> {
+public:
+    std::string_view recordName() const override { return "TEXT"; }
+
+protected:
+    void readFields(AcDbText& e, Fields& f, ReadContext& cx) const override
+    {
+        readTextFields(e, f.sub("AcDbText"), cx);
+        e.setVerticalMode(static_cast<AcDb::TextVertMode>(f.sub("AcDbText", 1).int32(73)));
+    }
+    void writeFields(const AcDbText& e, ObjectWriter& w, WriteContext& cx) const override
+    {
+        writeTextFields(e, w, cx);
+        w.subclass("AcDbText");
+        if (e.verticalMode() != AcDb::kTextBase)
+            w.out.integer(73, e.verticalMode());
+    }
+};
+
+class MTextCodec : public EntityCodec<AcDbMText> {
+public:
+    std::string_view recordName() const override { return "MTEXT"; }
+
+protected:
+    void readFields(AcDbMText& e, Fields& f, ReadContext& cx) const override { readMTextFields(e, f.sub("AcDbMText"), cx); }
+    void writeFields(const AcDbMText& e, ObjectWriter& w, WriteContext& cx) const override
+    {
+        w.subclass("AcDbMText");
+        writeMTextFields(e, w, cx);
+    }
+};
+
+class AttributeDefinitionCodec : public EntityCodec<AcDbAttributeDefinition> {
+public:
+    std::string_view recordName() const override { return "ATTDEF"; }
+
+protected:
+    void readFields(AcDbAttributeDefinition& e, Fields& f, ReadContext& cx) const override
+    {
+        readTextFields(e, f.sub("AcDbText"), cx);
+        f.sub("AcDbAttributeDefinition");
+        AttributeFields a = readAttributeFields(f);
+        e.setPrompt(f.text(3).c_str());
+        e.setTag(a.tag.c_str());
+        e.setInvisible(a.flags & 1);
+        e.setConstant(a.flags & 2);
+        e.setVerifiable(a.flags & 4);
+        e.setPreset(a.flags & 8);
+        e.setFieldLength(static_cast<Adesk::UInt16>(a.fieldLength));
+        e.setVerticalMode(static_cast<AcDb::TextVertMode>(a.vertical));
+        e.setLockPositionInBlock(a.locked);
+        if (f.embedded()) {
+            AcDbMText m;
+            readMTextFields(m, f, cx, true);
+            e.setMTextAttributeDefinition(&m);
+        }
+    }
+    void writeFields(const AcDbAttributeDefinition& e, ObjectWriter& w, WriteContext& cx) const override
+    {
+        writeTextFields(e, w, cx);
+        w.subclass("AcDbAttributeDefinition");
+        AttributeFields a;
+        a.tag = e.tagConst();
+        a.flags = (e.isInvisible() ? 1 : 0) | (e.isConstant() ? 2 : 0) | (e.isVerifiable() ? 4 : 0) | (e.isPreset() ? 8 : 0);
+        a.fieldLength = e.fieldLength();
+        a.vertical = e.verticalMode();
+        a.locked = e.lockPositionInBlock();
+        writeAttributeFields(a, w, e.promptConst());
+        if (e.isMTextAttributeDefinition()) {
+            std::unique_ptr<AcDbMText> m(e.getMTextAttributeDefinition());
+            w.embedded();
+            writeMTextFields(*m, w, cx);
+        }
+    }
+};
+
+class AttributeCodec : public EntityCodec<AcDbAttribute> {
+public:
+    std::string_view recordName() const override { return "ATTRIB"; }
+
+protected:
+    void prepare(AcDbAttribute& e, Fields& f) const override
+    {
+        // Only a definition hands the constant, verify and preset flags to an attribute.
+        const Tag* flags = f.sub("AcDbAttribute").find(70);
+        if (flags && (flags->integer & 14)) {
+            AcDbAttributeDefinition def;
+            def.setConstant(flags->integer & 2);
+            def.setVerifiable(flags->integer & 4);
+            def.setPreset(flags->integer & 8);
+            e.setAttributeFromBlock(&def, AcGeMatrix3d::kIdentity);
+        }
+    }
+    void readFields(AcDbAttribute& e, Fields& f, ReadContext& cx) const override
+    {
+        readTextFields(e, f.sub("AcDbText"), cx);
+        f.sub("AcDbAttribute");
+        AttributeFields a = readAttributeFields(f);
+        e.setTag(a.tag.c_str());
+        e.setInvisible(a.flags & 1);
+        e.setFieldLength(static_cast<Adesk::UInt16>(a.fieldLength));
+        e.setVerticalMode(static_cast<AcDb::TextVertMode>(a.vertical));
+        e.setLockPositionInBlock(a.locked);
+        if (f.embedded()) {
+            AcDbMText m;
+            readMTextFields(m, f, cx, true);
+            std::wstring single = e.textStringConst();
+            e.setMTextAttribute(&m);
+            e.setTextString(single.c_str()); // the single-line text stays as the file has it
+        }
+    }
+    void writeFields(const AcDbAttribute& e, ObjectWriter& w, WriteContext& cx) const override
+    {
+        writeTextFields(e, w, cx);
+        w.subclass("AcDbAttribute");
+        AttributeFields a;
+        a.tag = e.tagConst();
+        a.flags = (e.isInvisible() ? 1 : 0) | (e.isConstant() ? 2 : 0) | (e.isVerifiable() ? 4 : 0) | (e.isPreset() ? 8 : 0);
+        a.fieldLength = e.fieldLength();
+        a.vertical = e.verticalMode();
+        a.locked = e.lockPositionInBlock();
+        writeAttributeFields(a, w, nullptr);
+        if (e.isMTextAttribute()) {
+            std::unique_ptr<AcDbMText> m(e.getMTextAttribute());
+            w.embedded();
+            writeMTextFields(*m, w, cx);
+        }
+    }
+};
+
+class BlockReferenceCodec : public EntityCodec<AcDbBlockReference> {
+public:
+    std::string_view recordName() const override { return "INSERT"; }
+
+protected:
+    bool accepts(Fields& f) const override
+    {
+        // A multiple insertion (rows and columns) is kept as tag storage.
+        return f.sub("AcDbMInsertBlock").begin() == f.end() || !f.record().hasSubclassMarkers();
+    }
+    void readFields(AcDbBlockReference& e, Fields& f, ReadContext& cx) const override
+    {
+        f.sub("AcDbBlockReference");
+        f.take(66); // the attributes that follow say it
+        cx.refer(&e, Ref::Block, f.str(2));
+        e.setPosition(f.point(10));
+        e.setScaleFactors(AcGeScale3d(f.real(41, 1.0), f.real(42, 1.0), f.real(43, 1.0)));
+        e.setRotation(radians(f.real(50)));
+        e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
+    }
+    void writeFields(const AcDbBlockReference& e, ObjectWriter& w, WriteContext& cx) const override
+    {
+        w.subclass("AcDbBlockReference");
+        if (hasLiveAttributes(e))
+            w.out.integer(66, 1);
+        w.out.write(2, cx.name(e.blockTableRecord()));
+        w.out.point(10, e.position());
+        AcGeScale3d s = e.scaleFactors();
+        if (s.sx != 1.0)
+            w.out.real(41, s.sx);
+        if (s.sy != 1.0)
+            w.out.real(42, s.sy);
+        if (s.sz != 1.0)
+            w.out.real(43, s.sz);
+        if (e.rotation() != 0.0)
+            w.out.real(50, degrees(e.rotation()));
+        writeNormal(w, e.normal());
+    }
+};
+
+} // namespace
+
+bool hasLiveAttributes(const AcDbBlockReference& ref)
+{
+    for (AcDbObjectId id : sim::db::attributeIds(&ref))
+        if (AcDbObject* a = sim::db::objectOf(id); a && !a->isErased())
+            return true;
+    return false;
+}
+
+std::vector<const Codec*> entityCodecs()
+{
+    static const LineCodec line;
+    static const CircleCodec circle;
+    static const ArcCodec arc;
+    static const LwPolylineCodec lwpolyline;
+    static const Polyline2dCodec polyline;
+    static const Vertex2dCodec vertex;
+    static const SequenceEndCodec seqend;
+    static const BlockBeginCodec block;
+    static const BlockEndCodec endblk;
+    static const TextCodec text;
+    static const MTextCodec mtext;
+    static const AttributeDefinitionCodec attdef;
+    static const AttributeCodec attrib;
+    static const BlockReferenceCodec insert;
+    return {&line, &circle, &arc, &lwpolyline, &polyline, &vertex, &seqend, &block, &endblk,
+            &text, &mtext, &attdef, &attrib, &insert};
+}
+
+} // namespace sim::dxf
