@@ -41,7 +41,8 @@ std::optional<std::string> readFile(const fs::path& path, std::string& error)
 
 } // namespace
 
-int run(const Options& options, const fs::path& executable, std::istream& in, std::ostream& out, std::ostream& err)
+int run(const Options& options, const fs::path& executable, std::istream& in, bool inIsTerminal, std::ostream& out,
+        std::ostream& err)
 {
     auto failed = [&](const std::string& message) {
         err << "togu: " << message << "\n";
@@ -66,8 +67,13 @@ int run(const Options& options, const fs::path& executable, std::istream& in, st
             return failed(error);
         input = std::make_unique<sim::ScriptInput>(*text);
         scriptName = *options.script;
-    } else {
+    } else if (inIsTerminal) {
         input = std::make_unique<sim::StreamInput>(in);
+    } else {
+        std::ostringstream piped;
+        piped << in.rdbuf();
+        input = std::make_unique<sim::ScriptInput>(piped.str());
+        scriptName = "standard input";
     }
 
     sim::Session session(std::move(input), &out);

@@ -1,29 +1,72 @@
-// The console's drawings. Reading and writing DXF and the SVG picture come with the DXF module;
-// until then those options are refused here, and only here.
+// The console's drawings: new ones from the built-in template, DXF files read and written by the
+// DXF module, the SVG picture.
 #include "cli/DrawingFiles.h"
 
+#include <fstream>
+#include <memory>
+
+#include "acdocman.h"
+#include "sim/core/Session.h"
 #include "sim/db/Documents.h"
+#include "sim/dxf/DxfFile.h"
+#include "sim/dxf/HostCommands.h"
+#include "sim/dxf/Svg.h"
+#include "sim/dxf/Template.h"
 
 namespace togu::cli {
 
+namespace {
+
+/// The DXF module serves the database's file calls and adds its host commands.
+void useDxf()
+{
+    sim::dxf::installFileFormat();
+    sim::dxf::addHostCommands();
+}
+
+AcDbDatabase* currentDatabase()
+{
+    AcApDocument* doc = acDocManagerPtr()->curDocument();
+    return doc ? doc->database() : nullptr;
+}
+
+} // namespace
+
 std::string newDrawing()
 {
-    return sim::db::openDocument() ? std::string() : std::string("cannot make a new drawing");
+    useDxf();
+    auto db = std::make_unique<AcDbDatabase>(true);
+    sim::dxf::completeNewDrawing(*db);
+    return sim::db::openDocument(std::move(db)) ? std::string() : std::string("cannot make a new drawing");
 }
 
 std::string openDrawing(const std::string& path)
 {
-    return "cannot open " + path + ": reading DXF drawings is not available yet";
+    useDxf();
+    auto db = std::make_unique<AcDbDatabase>(false, true);
+    if (std::string e = sim::dxf::readDrawingFile(*db, sim::fromUtf8(path)); !e.empty())
+        return "cannot open " + e;
+    return sim::db::openDocument(std::move(db), sim::fromUtf8(path)) ? std::string() : "cannot open " + path;
 }
 
 std::string saveDrawing(const std::string& path)
 {
-    return "cannot save " + path + ": writing DXF drawings is not available yet";
+    AcDbDatabase* db = currentDatabase();
+    if (!db)
+        return "cannot save " + path + ": no drawing is open";
+    std::string e = sim::dxf::writeDrawingFile(*db, sim::fromUtf8(path), false);
+    return e.empty() ? e : "cannot save " + path + ": " + e;
 }
 
 std::string writeSvg(const std::string& path)
 {
-    return "cannot write " + path + ": SVG pictures are not available yet";
+    AcDbDatabase* db = currentDatabase();
+    if (!db)
+        return "cannot write " + path + ": no drawing is open";
+    std::ofstream out(path, std::ios::binary);
+    out << sim::dxf::drawSvg(*db);
+    out.close();
+    return out ? std::string() : "cannot write " + path;
 }
 
 void closeDrawings() { sim::db::closeAllDocuments(); }

@@ -1,4 +1,6 @@
 // togu: runs the system's commands on a drawing, from a script or at the keyboard.
+#include <unistd.h>
+
 #include <iostream>
 #include <string>
 #include <vector>
@@ -20,6 +22,6 @@ int main(int argc, char** argv)
         std::cout << togu::cli::usage();
         return 0;
     }
-    return togu::cli::run(*options, togu::cli::executablePath(argc > 0 ? argv[0] : nullptr), std::cin, std::cout,
-                          std::cerr);
+    return togu::cli::run(*options, togu::cli::executablePath(argc > 0 ? argv[0] : nullptr), std::cin,
+                          isatty(STDIN_FILENO) != 0, std::cout, std::cerr);
 }

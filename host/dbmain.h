@@ -198,7 +198,7 @@ public:
     AcDbObjectId extensionDictionary() const;
     /// eAlreadyInDb when there is one; the object must be open for write and in a database.
     Acad::ErrorStatus createExtensionDictionary();
-    /// Erases an empty extension dictionary; eContainerNotEmpty-like failure (eNotApplicable) when it holds entries.
+    /// Erases the extension dictionary when it is empty; eNotApplicable while it holds entries.
     Acad::ErrorStatus releaseExtensionDictionary();
 
     void addPersistentReactor(AcDbObjectId objId);
@@ -210,8 +210,6 @@ protected:
     /// Copies the object's data and its extended data, not its identity or open state.
     AcDbObject(const AcDbObject& other);
     AcDbObject& operator=(const AcDbObject& other);
-    /// For setters: may this object be changed now (open for write, or in no database)?
-    bool writable() const { return isWriteEnabled(); }
 
 private:
     friend class AcDbImpObject;
@@ -304,7 +302,7 @@ public:
     /// With buildDefaultDrawing the database holds what every drawing needs (layer 0, the standard
     /// line types, styles, model and paper space, the named objects dictionary); without it it is
     /// empty, for reading a file into.
-    explicit AcDbDatabase(bool buildDefaultDrawing = true, bool noDocument = false);
+    AcDbDatabase(bool buildDefaultDrawing = true, bool noDocument = false);
     ~AcDbDatabase() override;
     AcDbDatabase(const AcDbDatabase&) = delete;
     AcDbDatabase& operator=(const AcDbDatabase&) = delete;
@@ -473,6 +471,12 @@ Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& objId, const ads_name objName);
 /// The factor that takes lengths in one drawing unit to another; eInvalidInput for kUnitsUndefined
 /// or an unknown unit.
 Acad::ErrorStatus acdbGetUnitsConversion(AcDb::UnitsValue from, AcDb::UnitsValue to, double& conversionFactor);
+
+/// Loads line types from a .lin file (found as findFile finds it) into a database (null: the working
+/// one). ltname names one line type or, with "*" and "?", several. eDuplicateRecordName (95) when the
+/// database has it already, eFileNotFound for a file that is nowhere, eKeyNotFound when the file has
+/// no such line type or a text style or shape file it needs is not in the database.
+Acad::ErrorStatus acdbLoadLineTypeFile(const ACHAR* ltname, const ACHAR* fname, AcDbDatabase* pDb);
 
 /// Frees a string the database handed out (layer(), getName(ACHAR*&), ...) and sets it to null.
 void acutDelString(ACHAR*& pString);

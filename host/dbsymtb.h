@@ -183,7 +183,8 @@ public:
 
     /// Adds a new entity to the database and the end of this record, which must be open for write
     /// and in a database. The entity is left open for write; an entity without a layer takes the
-    /// database's defaults. eAlreadyInDb for an entity that is in a database.
+    /// database's current layer and line type. eAlreadyInDb for an entity that is in a database,
+    /// eWrongDatabase for one whose layer or line type belongs to another database.
     Acad::ErrorStatus appendAcDbEntity(AcDbEntity* pEntity);
     Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& pOutputId, AcDbEntity* pEntity);
     Acad::ErrorStatus newIterator(AcDbBlockTableRecordIterator*& pIterator, bool atBeginning = true,

@@ -47,6 +47,9 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& pOutputId
     SIM_DB_ASSERT_WRITE();
     if (pEntity->database())
         return Acad::eAlreadyInDb;
+    for (AcDbObjectId ref : {pEntity->layerId(), pEntity->linetypeId()})
+        if (!ref.isNull() && ref.database() != database())
+            return Acad::eWrongDatabase;
     if (pEntity->layerId().isNull())
         AcDbImpDatabase::layerId(pEntity) = database()->clayer();
     if (pEntity->linetypeId().isNull())

@@ -71,6 +71,9 @@ public:
     /// Fills an empty database (built without the default drawing) from a file.
     virtual Acad::ErrorStatus read(AcDbDatabase& db, const std::wstring& path) = 0;
     virtual Acad::ErrorStatus write(AcDbDatabase& db, const std::wstring& path) = 0;
+    /// Completes a new default drawing with what the format's new drawings hold beyond it
+    /// (layouts, styles, dictionaries, scales): the template of a new drawing.
+    virtual void completeDefaultDrawing(AcDbDatabase&) {}
 };
 /// Not owned; null removes it.
 void setFileFormat(FileFormat* format);

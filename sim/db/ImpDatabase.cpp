@@ -246,4 +246,6 @@ void AcDbImpDatabase::buildDefaultDrawing()
 
     header.celtype = byLayerId;
     header.insunits = AcDb::kUnitsMillimeters;
+    if (FileFormat* format = fileFormat())
+        format->completeDefaultDrawing(*self);
 }

@@ -7,6 +7,7 @@
 #include "dbmtext.h"
 #include "dbpl.h"
 #include "sim/db/FileAccess.h"
+#include "sim/db/Geometry.h"
 #include "sim/dxf/Angles.h"
 #include "sim/dxf/Codec.h"
 #include "sim/dxf/EntityFields.h"
@@ -24,6 +25,11 @@ void writeNormal(ObjectWriter& w, const AcGeVector3d& n)
     if (!isZAxis(n))
         w.out.point(210, n);
 }
+
+// The file keeps the points of planar entities in their object coordinate system, the database in
+// world coordinates.
+AcGePoint3d fromOcs(const AcGeVector3d& n, const AcGePoint3d& p) { return isZAxis(n) ? p : sim::db::geom::ocsToWcs(n, p); }
+AcGePoint3d toOcs(const AcGeVector3d& n, const AcGePoint3d& p) { return isZAxis(n) ? p : sim::db::geom::wcsToOcs(n, p); }
 
 /// The frame every entity codec shares: a new object, its AcDbEntity fields, then its own.
 template <class T>
@@ -92,17 +98,18 @@ protected:
     void readFields(AcDbCircle& e, Fields& f, ReadContext&) const override
     {
         f.sub("AcDbCircle");
+        AcGeVector3d n = f.vector(210, AcGeVector3d::kZAxis);
+        e.setNormal(n);
         e.setThickness(f.real(39));
-        e.setCenter(f.point(10));
+        e.setCenter(fromOcs(n, f.point(10)));
         e.setRadius(f.real(40));
-        e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
     }
     void writeFields(const AcDbCircle& e, ObjectWriter& w, WriteContext&) const override
     {
         w.subclass("AcDbCircle");
         if (e.thickness() != 0.0)
             w.out.real(39, e.thickness());
-        w.out.point(10, e.center());
+        w.out.point(10, toOcs(e.normal(), e.center()));
         w.out.real(40, e.radius());
         writeNormal(w, e.normal());
     }
@@ -116,10 +123,11 @@ protected:
     void readFields(AcDbArc& e, Fields& f, ReadContext&) const override
     {
         f.sub("AcDbCircle");
+        AcGeVector3d n = f.vector(210, AcGeVector3d::kZAxis);
+        e.setNormal(n);
         e.setThickness(f.real(39));
-        e.setCenter(f.point(10));
+        e.setCenter(fromOcs(n, f.point(10)));
         e.setRadius(f.real(40));
-        e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
         f.sub("AcDbArc");
         e.setStartAngle(radians(f.real(50)));
         e.setEndAngle(radians(f.real(51)));
@@ -129,7 +137,7 @@ protected:
         w.subclass("AcDbCircle");
         if (e.thickness() != 0.0)
             w.out.real(39, e.thickness());
-        w.out.point(10, e.center());
+        w.out.point(10, toOcs(e.normal(), e.center()));
         w.out.real(40, e.radius());
         writeNormal(w, e.normal());
         w.subclass("AcDbArc");
@@ -508,10 +516,11 @@ protected:
         f.sub("AcDbBlockReference");
         f.take(66); // the attributes that follow say it
         cx.refer(&e, Ref::Block, f.str(2));
-        e.setPosition(f.point(10));
+        AcGeVector3d n = f.vector(210, AcGeVector3d::kZAxis);
+        e.setNormal(n);
+        e.setPosition(fromOcs(n, f.point(10)));
         e.setScaleFactors(AcGeScale3d(f.real(41, 1.0), f.real(42, 1.0), f.real(43, 1.0)));
         e.setRotation(radians(f.real(50)));
-        e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
     }
     void writeFields(const AcDbBlockReference& e, ObjectWriter& w, WriteContext& cx) const override
     {
@@ -519,7 +528,7 @@ protected:
         if (hasLiveAttributes(e))
             w.out.integer(66, 1);
         w.out.write(2, cx.name(e.blockTableRecord()));
-        w.out.point(10, e.position());
+        w.out.point(10, toOcs(e.normal(), e.position()));
         AcGeScale3d s = e.scaleFactors();
         if (s.sx != 1.0)
             w.out.real(41, s.sx);

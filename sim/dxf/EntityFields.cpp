@@ -3,6 +3,7 @@
 
 #include "sim/core/Session.h"
 #include "sim/db/FileAccess.h"
+#include "sim/db/Geometry.h"
 #include "sim/dxf/Angles.h"
 
 namespace sim::dxf {
@@ -96,8 +97,12 @@ void writeEntity(const AcDbEntity& e, ObjectWriter& w, WriteContext& cx)
 
 void readTextFields(AcDbText& e, Fields& f, ReadContext& cx)
 {
+    // The file keeps a text's points in its object coordinate system, the database in world ones.
+    AcGeVector3d n = f.vector(210, AcGeVector3d::kZAxis);
+    auto wcs = [&](const AcGePoint3d& p) { return isZAxis(n) ? p : sim::db::geom::ocsToWcs(n, p); };
+    e.setNormal(n);
     e.setThickness(f.real(39));
-    e.setPosition(f.point(10));
+    e.setPosition(wcs(f.point(10)));
     if (const Tag* h = f.take(40))
         e.setHeight(h->real);
     e.setTextString(f.text(1).c_str());
@@ -111,16 +116,17 @@ void readTextFields(AcDbText& e, Fields& f, ReadContext& cx)
     e.mirrorInY(flags & 4);
     e.setHorizontalMode(static_cast<AcDb::TextHorzMode>(f.int32(72)));
     if (f.has(11))
-        e.setAlignmentPoint(f.point(11));
-    e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
+        e.setAlignmentPoint(wcs(f.point(11)));
 }
 
 void writeTextFields(const AcDbText& e, ObjectWriter& w, WriteContext& cx)
 {
     w.subclass("AcDbText");
+    AcGeVector3d n = e.normal();
+    auto ocs = [&](const AcGePoint3d& p) { return isZAxis(n) ? p : sim::db::geom::wcsToOcs(n, p); };
     if (e.thickness() != 0.0)
         w.out.real(39, e.thickness());
-    w.out.point(10, e.position());
+    w.out.point(10, ocs(e.position()));
     w.out.real(40, e.height());
     w.out.text(1, e.textStringConst());
     if (e.rotation() != 0.0)
@@ -137,7 +143,7 @@ void writeTextFields(const AcDbText& e, ObjectWriter& w, WriteContext& cx)
     if (e.horizontalMode() != AcDb::kTextLeft)
         w.out.integer(72, e.horizontalMode());
     if (!e.isDefaultAlignment())
-        w.out.point(11, e.alignmentPoint());
+        w.out.point(11, ocs(e.alignmentPoint()));
     if (!isZAxis(e.normal()))
         w.out.point(210, e.normal());
 }

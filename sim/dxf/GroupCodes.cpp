@@ -2,6 +2,7 @@
 #include "sim/dxf/GroupCodes.h"
 
 #include <array>
+#include <cstddef>
 
 namespace sim::dxf {
 
@@ -77,7 +78,7 @@ const std::array<ValueType, 1072>& table()
     static const std::array<ValueType, 1072> t = [] {
         std::array<ValueType, 1072> a{};
         for (int c = 0; c < 1072; ++c)
-            a[static_cast<size_t>(c)] = computeType(c);
+            a[static_cast<std::size_t>(c)] = computeType(c);
         return a;
     }();
     return t;
@@ -89,7 +90,7 @@ ValueType valueType(int code)
 {
     if (code < 0 || code >= 1072)
         return ValueType::Invalid;
-    return table()[static_cast<size_t>(code)];
+    return table()[static_cast<std::size_t>(code)];
 }
 
 } // namespace sim::dxf

@@ -43,7 +43,7 @@ public:
 /// string, or through a buffer into an open file.
 class TextTagWriter : public TagWriter {
 public:
-    /// Collects the whole text in memory (text()).
+    /// Collects the whole text in memory (contents()).
     TextTagWriter() = default;
     /// Writes to the file as the buffer fills; the caller closes it after flush().
     explicit TextTagWriter(std::FILE* file) : m_file(file) { m_buffer.reserve(kFlushAt + 4096); }
@@ -53,7 +53,7 @@ public:
     /// False when the file refused data.
     bool flush();
     bool failed() const { return m_failed; }
-    const std::string& text() const { return m_buffer; }
+    const std::string& contents() const { return m_buffer; }
 
 private:
     static constexpr size_t kFlushAt = 1 << 20;

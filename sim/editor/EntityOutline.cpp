@@ -3,11 +3,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <cwchar>
 
 #include "dbents.h"
 #include "dbmtext.h"
 #include "dbpl.h"
+#include "sim/db/UnknownObject.h"
 #include "sim/editor/Ucs.h"
 
 namespace sim::editor {
@@ -196,6 +198,31 @@ void addCurve(const AcDbCurve& c, const AcGeMatrix3d& xform, std::vector<Outline
         out.push_back(std::move(path));
 }
 
+/// An entity the database keeps only as read from the file (a multileader, a dimension, a hatch):
+/// the box round the points among its groups stands for it.
+void addRawBox(const sim::db::UnknownEntity& u, const AcGeMatrix3d& xform, std::vector<OutlinePath>& out)
+{
+    const auto& tags = u.tags;
+    double x0 = INFINITY, y0 = INFINITY, x1 = -INFINITY, y1 = -INFINITY;
+    for (size_t i = 0; i + 1 < tags.size(); ++i) {
+        if (tags[i].code < 10 || tags[i].code > 18 || tags[i + 1].code != tags[i].code + 10)
+            continue;
+        char* end = nullptr;
+        double x = std::strtod(tags[i].value.c_str(), &end);
+        double y = std::strtod(tags[i + 1].value.c_str(), &end);
+        if (!std::isfinite(x) || !std::isfinite(y))
+            continue;
+        x0 = std::min(x0, x), y0 = std::min(y0, y), x1 = std::max(x1, x), y1 = std::max(y1, y);
+    }
+    if (x0 > x1)
+        return;
+    OutlinePath box;
+    box.closed = box.filled = true;
+    for (auto [x, y] : {std::pair{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}})
+        box.points.push_back(xform * AcGePoint3d(x, y, 0.0));
+    out.push_back(std::move(box));
+}
+
 } // namespace
 
 AcGeMatrix3d entityCoordSystem(const AcDbEntity& e)
@@ -247,6 +274,8 @@ void addOutline(const AcDbEntity& e, const AcGeMatrix3d& xform, double tol, std:
         add2dPolyline(*p2, xform, out);
     } else if (auto* cv = AcDbCurve::cast(&e)) {
         addCurve(*cv, xform, out);
+    } else if (auto* u = sim::db::UnknownEntity::cast(&e)) {
+        addRawBox(*u, xform, out);
     }
 }
 

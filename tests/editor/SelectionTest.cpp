@@ -3,6 +3,7 @@
 #include "EditorFixture.h"
 
 #include "dbpl.h"
+#include "sim/db/UnknownObject.h"
 
 namespace {
 
@@ -302,7 +303,7 @@ TEST_F(SelectionTest, DragMovesTheSetToTheAnsweredPoint)
     acedSSFree(ss);
 }
 
-TEST_F(SelectionTest, TextsArePickedInsideTheirBoxes)
+TEST_F(SelectionTest, TextsAndKeptEntitiesArePickedInsideTheirBoxes)
 {
     AcDbObjectId text = add(new AcDbText(AcGePoint3d(0, 0, 0), L"DN 100", AcDbObjectId::kNull, 10.0, M_PI / 2));
     auto* m = new AcDbMText;
@@ -321,6 +322,15 @@ TEST_F(SelectionTest, TextsArePickedInsideTheirBoxes)
     EXPECT_EQ(members(ss), std::vector<AcDbObjectId>{mtext});
     acedSSFree(ss);
     EXPECT_EQ(acedSSGet(nullptr, beside, nullptr, nullptr, ss), RTERROR);
+
+    // A multileader kept as read from a file: the box of its points, and its record name for filters.
+    sim::db::RawTags tags = {{10, "200"}, {20, "0"}, {30, "0"}, {12, "240"}, {22, "20"}, {32, "0"}};
+    AcDbObjectId leader = add(new sim::db::UnknownEntity(L"MULTILEADER", tags));
+    ads_point onLeader = {220, 10, 0};
+    resbuf* leaders = acutBuildList(RTDXF0, L"MULTILEADER", 0);
+    ASSERT_EQ(acedSSGet(nullptr, onLeader, nullptr, leaders, ss), RTNORM);
+    acutRelRb(leaders);
+    EXPECT_EQ(members(ss), std::vector<AcDbObjectId>{leader});
 }
 
 TEST_F(SelectionTest, AllWithALayerFilterAndKeywordsAtTheSelectionPrompt)

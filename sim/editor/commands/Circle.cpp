@@ -39,7 +39,7 @@ bool circumcentre(const AcGePoint3d& a, const AcGePoint3d& b, const AcGePoint3d&
 void make(const AcGePoint3d& centreUcs, double radius)
 {
     if (!(radius > 0.0)) {
-        acutPrintf(L"\nValue must be positive and nonzero.");
+        say(L"Value must be positive and nonzero.");
         return;
     }
     g_radius = radius;
@@ -68,7 +68,7 @@ void circle()
             !askPoint(L"\nSpecify third point on circle: ", p3, &b))
             return;
         if (!circumcentre(a, b, p3, centre)) {
-            acutPrintf(L"\nCircle does not exist.");
+            say(L"Circle does not exist.");
             return;
         }
         make(centre, centre.distanceTo(a));

@@ -20,6 +20,9 @@ void pickfirst();
 void erase();
 void zoom();
 
+/// Shows a message of the host's command on a line of its own (printf format, wide).
+void say(const wchar_t* format, ...);
+
 /// Appends a new entity to the current space of the working database with the current layer, colour
 /// and line type, and closes it. The entity is deleted when it cannot be appended; null then.
 AcDbObjectId appendToSpace(AcDbEntity* entity);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cwchar>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,14 +21,14 @@ namespace sim::editor::commands {
 
 namespace {
 
-std::wstring ask(const std::wstring& prompt, bool blanks = true)
+/// A name or name list (blanks allowed); nothing when cancelled.
+std::optional<std::wstring> ask(const std::wstring& prompt)
 {
     ACHAR buf[512];
-    if (acedGetString(blanks ? 1 : 0, prompt.c_str(), buf, 512) != RTNORM)
-        return L"\x1B"; // cancelled
+    if (acedGetString(1, prompt.c_str(), buf, 512) != RTNORM)
+        return std::nullopt;
     return std::wstring(trimmed(buf));
 }
-bool cancelled(const std::wstring& s) { return s == L"\x1B"; }
 
 std::vector<AcDbObjectId> allLayers(AcDbDatabase& db)
 {
@@ -61,7 +62,7 @@ void forLayers(AcDbDatabase& db, const std::wstring& list, const std::function<v
         ++count;
     }
     if (count == 0)
-        acutPrintf(L"\nNo matching layer(s) found.");
+        say(L"No matching layer(s) found.");
 }
 
 /// The layer of that name, made when it is missing; null when it cannot be made.
@@ -76,7 +77,7 @@ AcDbObjectId makeLayer(AcDbDatabase& db, const std::wstring& name)
     auto* rec = new AcDbLayerTableRecord;
     if (rec->setName(name.c_str()) != Acad::eOk || table->add(id, rec) != Acad::eOk) {
         delete rec;
-        acutPrintf(L"\nInvalid layer name \"%ls\".", name.c_str());
+        say(L"Invalid layer name \"%ls\".", name.c_str());
         return AcDbObjectId::kNull;
     }
     rec->setLinetypeObjectId(db.continuousLinetype());
@@ -105,7 +106,7 @@ void setCurrent(AcDbDatabase& db, AcDbObjectId id, const std::wstring& name)
     if (layer.openStatus() != Acad::eOk)
         return;
     if (layer->isFrozen()) {
-        acutPrintf(L"\nCannot set current layer to frozen layer \"%ls\".", name.c_str());
+        say(L"Cannot set current layer to frozen layer \"%ls\".", name.c_str());
         return;
     }
     db.setClayer(id);
@@ -113,14 +114,14 @@ void setCurrent(AcDbDatabase& db, AcDbObjectId id, const std::wstring& name)
 
 void listLayers(AcDbDatabase& db)
 {
-    acutPrintf(L"\nLayer name                      State        Color  Linetype");
+    say(L"Layer name                      State        Color  Linetype");
     for (AcDbObjectId id : allLayers(db)) {
         AcDbObjectPointer<AcDbLayerTableRecord> l(id);
         if (l.openStatus() != Acad::eOk)
             continue;
         std::wstring state = std::wstring(l->isOff() ? L"Off " : L"On  ") + (l->isFrozen() ? L"Frozen " : L"Thawed ") +
                              (l->isLocked() ? L"Locked" : L"");
-        acutPrintf(L"\n%-32ls%-13ls%-7d%ls", recordName(id).c_str(), state.c_str(), static_cast<int>(l->color().colorIndex()),
+        say(L"%-32ls%-13ls%-7d%ls", recordName(id).c_str(), state.c_str(), static_cast<int>(l->color().colorIndex()),
                    recordName(l->linetypeObjectId()).c_str());
     }
 }
@@ -130,9 +131,12 @@ void valueOption(AcDbDatabase& db, const std::wstring& option)
 {
     std::wstring current = recordName(db.clayer());
     if (option == L"Color") {
-        std::wstring value = ask(L"\nNew color: ");
-        if (cancelled(value) || value.empty())
+        auto valueAnswer = ask(L"\nNew color: ");
+        if (!valueAnswer)
             return;
+        if (valueAnswer->empty())
+            return;
+        std::wstring value = *valueAnswer;
         auto n = parseInt(value);
         static const wchar_t* names[] = {L"RED", L"YELLOW", L"GREEN", L"CYAN", L"BLUE", L"MAGENTA", L"WHITE"};
         int index = n ? *n : 0;
@@ -140,29 +144,32 @@ void valueOption(AcDbDatabase& db, const std::wstring& option)
             if (upperCase(value) == names[i])
                 index = i + 1;
         if (index < 1 || index > 255) {
-            acutPrintf(L"\nInvalid color value.");
+            say(L"Invalid color value.");
             return;
         }
-        std::wstring list = ask(L"\nEnter name list of layer(s) for color " + std::to_wstring(index) + L" <" + current + L">: ");
-        if (cancelled(list))
+        auto listAnswer = ask(L"\nEnter name list of layer(s) for color " + std::to_wstring(index) + L" <" + current + L">: ");
+        if (!listAnswer)
             return;
+        std::wstring list = *listAnswer;
         AcCmColor c;
         c.setColorIndex(static_cast<Adesk::UInt16>(index));
         forLayers(db, list.empty() ? current : list, [&](AcDbLayerTableRecord& l) { l.setColor(c); });
     } else if (option == L"Ltype") {
-        std::wstring name = ask(L"\nEnter a loaded linetype name or [?] <Continuous>: ");
-        if (cancelled(name))
+        auto nameAnswer = ask(L"\nEnter a loaded linetype name or [?] <Continuous>: ");
+        if (!nameAnswer)
             return;
+        std::wstring name = *nameAnswer;
         if (name.empty())
             name = L"Continuous";
         AcDbObjectId lt = recordId<AcDbLinetypeTableRecord>(&db, name);
         if (lt.isNull()) {
-            acutPrintf(L"\nLinetype \"%ls\" not found.  Use the LINETYPE command to load it.", name.c_str());
+            say(L"Linetype \"%ls\" not found.  Use the LINETYPE command to load it.", name.c_str());
             return;
         }
-        std::wstring list = ask(L"\nEnter name list of layer(s) for linetype \"" + recordName(lt) + L"\" <" + current + L">: ");
-        if (cancelled(list))
+        auto listAnswer = ask(L"\nEnter name list of layer(s) for linetype \"" + recordName(lt) + L"\" <" + current + L">: ");
+        if (!listAnswer)
             return;
+        std::wstring list = *listAnswer;
         forLayers(db, list.empty() ? current : list, [&](AcDbLayerTableRecord& l) { l.setLinetypeObjectId(lt); });
     } else if (option == L"LWeight") {
         double mm = 0;
@@ -174,14 +181,15 @@ void valueOption(AcDbDatabase& db, const std::wstring& option)
         for (int w : weights)
             known = known || w == hundredths;
         if (!known) {
-            acutPrintf(L"\nInvalid lineweight.");
+            say(L"Invalid lineweight.");
             return;
         }
         wchar_t prompt[96];
         std::swprintf(prompt, 96, L"\nEnter name list of layers(s) for lineweight %.2fmm <%ls>: ", hundredths / 100.0, current.c_str());
-        std::wstring list = ask(prompt);
-        if (cancelled(list))
+        auto listAnswer = ask(prompt);
+        if (!listAnswer)
             return;
+        std::wstring list = *listAnswer;
         forLayers(db, list.empty() ? current : list,
                   [&](AcDbLayerTableRecord& l) { l.setLineWeight(static_cast<AcDb::LineWeight>(hundredths)); });
     } else if (option == L"Plot") {
@@ -191,9 +199,10 @@ void valueOption(AcDbDatabase& db, const std::wstring& option)
         if (rc != RTNORM && rc != RTNONE)
             return;
         bool plot = rc == RTNONE || std::wstring_view(kw) == L"Plot";
-        std::wstring list = ask(L"\nEnter layer name(s) for this plot preference <" + current + L">: ");
-        if (cancelled(list))
+        auto listAnswer = ask(L"\nEnter layer name(s) for this plot preference <" + current + L">: ");
+        if (!listAnswer)
             return;
+        std::wstring list = *listAnswer;
         forLayers(db, list.empty() ? current : list, [&](AcDbLayerTableRecord& l) { l.setIsPlottable(plot); });
     }
 }
@@ -205,7 +214,7 @@ void layer()
     AcDbDatabase* db = workingDb();
     if (!db)
         return;
-    acutPrintf(L"\nCurrent layer:  \"%ls\"", recordName(db->clayer()).c_str());
+    say(L"Current layer:  \"%ls\"", recordName(db->clayer()).c_str());
     for (;;) {
         acedInitGet(0, L"? Make Set New Rename ON OFF Color Ltype LWeight Plot Freeze Thaw LOck Unlock");
         ACHAR kw[16];
@@ -218,9 +227,10 @@ void layer()
         if (option == L"?") {
             listLayers(*db);
         } else if (option == L"Make") {
-            std::wstring name = ask(L"\nEnter name for new layer (becomes the current layer) <" + current + L">: ");
-            if (cancelled(name))
+            auto nameAnswer = ask(L"\nEnter name for new layer (becomes the current layer) <" + current + L">: ");
+            if (!nameAnswer)
                 return;
+            std::wstring name = *nameAnswer;
             if (name.empty())
                 continue;
             AcDbObjectId id = makeLayer(*db, name);
@@ -235,40 +245,48 @@ void layer()
             }
             setCurrent(*db, id, name);
         } else if (option == L"Set") {
-            std::wstring name = ask(L"\nEnter layer name to make current: ");
-            if (cancelled(name))
+            auto nameAnswer = ask(L"\nEnter layer name to make current: ");
+            if (!nameAnswer)
                 return;
+            std::wstring name = *nameAnswer;
             if (name.empty())
                 continue;
             AcDbObjectId id = recordId<AcDbLayerTableRecord>(db, name);
             if (id.isNull())
-                acutPrintf(L"\nCannot find layer \"%ls\".", name.c_str());
+                say(L"Cannot find layer \"%ls\".", name.c_str());
             else
                 setCurrent(*db, id, name);
         } else if (option == L"New") {
-            std::wstring list = ask(L"\nEnter name list for new layer(s): ");
-            if (cancelled(list))
+            auto listAnswer = ask(L"\nEnter name list for new layer(s): ");
+            if (!listAnswer)
                 return;
+            std::wstring list = *listAnswer;
             for (const auto& name : splitNames(list))
                 makeLayer(*db, name);
         } else if (option == L"Rename") {
-            std::wstring from = ask(L"\nEnter old layer name: ");
-            if (cancelled(from) || from.empty())
+            auto fromAnswer = ask(L"\nEnter old layer name: ");
+            if (!fromAnswer)
+                return;
+            if (fromAnswer->empty())
                 continue;
+            std::wstring from = *fromAnswer;
             AcDbObjectId id = recordId<AcDbLayerTableRecord>(db, from);
             if (id.isNull()) {
-                acutPrintf(L"\nCannot find layer \"%ls\".", from.c_str());
+                say(L"Cannot find layer \"%ls\".", from.c_str());
                 continue;
             }
-            std::wstring to = ask(L"\nEnter new layer name: ");
-            if (cancelled(to) || to.empty())
+            auto toAnswer = ask(L"\nEnter new layer name: ");
+            if (!toAnswer)
+                return;
+            if (toAnswer->empty())
                 continue;
+            std::wstring to = *toAnswer;
             AcDbObjectPointer<AcDbLayerTableRecord> l(id, AcDb::kForWrite);
             Acad::ErrorStatus es = l.openStatus() == Acad::eOk ? l->setName(to.c_str()) : l.openStatus();
             if (es == Acad::eDuplicateRecordName)
-                acutPrintf(L"\nLayer \"%ls\" already exists.", to.c_str());
+                say(L"Layer \"%ls\" already exists.", to.c_str());
             else if (es != Acad::eOk)
-                acutPrintf(L"\nCannot rename layer \"%ls\".", from.c_str());
+                say(L"Cannot rename layer \"%ls\".", from.c_str());
         } else if (option == L"Color" || option == L"Ltype" || option == L"LWeight" || option == L"Plot") {
             valueOption(*db, option);
         } else {
@@ -286,9 +304,10 @@ void layer()
             for (const auto& l : lists) {
                 if (option != l.option)
                     continue;
-                std::wstring list = ask(l.prompt);
-                if (cancelled(list))
+                auto listAnswer = ask(l.prompt);
+                if (!listAnswer)
                     return;
+                std::wstring list = *listAnswer;
                 if (list.empty())
                     break;
                 forLayers(*db, list, [&](AcDbLayerTableRecord& layer) {
@@ -298,7 +317,7 @@ void layer()
                         layer.setIsOff(true);
                     else if (option == L"Freeze") {
                         if (layer.objectId() == currentId)
-                            acutPrintf(L"\nCannot freeze layer \"%ls\".  It is the CURRENT layer.", current.c_str());
+                            say(L"Cannot freeze layer \"%ls\".  It is the CURRENT layer.", current.c_str());
                         else
                             layer.setIsFrozen(true);
                     } else if (option == L"Thaw")

@@ -28,7 +28,7 @@ void line()
             acedGetInput(kw, 16);
             if (std::wstring_view(kw) == L"Undo") {
                 if (lines.empty()) {
-                    acutPrintf(L"\nAll segments already undone.");
+                    say(L"All segments already undone.");
                     continue;
                 }
                 AcDbObjectPointer<AcDbEntity> last(lines.back(), AcDb::kForWrite);

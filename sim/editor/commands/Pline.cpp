@@ -82,7 +82,7 @@ void pline()
     ads_point start;
     if (acedGetPoint(nullptr, L"\nSpecify start point: ", start) != RTNORM)
         return;
-    acutPrintf(L"\nCurrent line-width is %.4f", g_width);
+    say(L"Current line-width is %.4f", g_width);
     std::vector<Vertex> v{{asPnt3d(start)}};
     std::vector<AcGeVector2d> directions{AcGeVector2d::kXAxis}; // the way the polyline heads at each vertex
     bool arcMode = false;
@@ -123,7 +123,7 @@ void pline()
                     directions.pop_back();
                     v.back().bulge = 0.0;
                 } else {
-                    acutPrintf(L"\nAll segments already undone.");
+                    say(L"All segments already undone.");
                 }
                 continue;
             }

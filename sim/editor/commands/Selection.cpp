@@ -35,7 +35,7 @@ void erase()
             e->erase();
     }
     if (locked)
-        acutPrintf(locked == 1 ? L"\n%d was on a locked layer." : L"\n%d were on a locked layer.", locked);
+        say(locked == 1 ? L"%d was on a locked layer." : L"%d were on a locked layer.", locked);
     acedSSFree(ss);
 }
 

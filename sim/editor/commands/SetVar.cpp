@@ -17,7 +17,7 @@ void setvarNamed(const std::wstring& typed)
 {
     auto info = findVar(typed);
     if (!info) {
-        acutPrintf(L"\nUnknown variable name.  Type SETVAR ? for a list of variables.");
+        say(L"Unknown variable name.  Type SETVAR ? for a list of variables.");
         return;
     }
     g_lastName = info->name;
@@ -26,7 +26,7 @@ void setvarNamed(const std::wstring& typed)
     if (info->type == VarType::String)
         shown = L"\"" + shown + L"\"";
     if (info->readOnly) {
-        acutPrintf(L"\n%ls = %ls (read only)", info->name.c_str(), shown.c_str());
+        say(L"%ls = %ls (read only)", info->name.c_str(), shown.c_str());
         return;
     }
     std::wstring prompt = L"\nEnter new value for " + info->name + L" <" + (value ? formatVar(*value) : L"") + L">: ";
@@ -41,7 +41,7 @@ void setvarNamed(const std::wstring& typed)
         text = L"";
     auto parsed = parseVar(info->type, text);
     if (!parsed || !setVar(info->name, *parsed))
-        acutPrintf(L"\n*Invalid value*  %ls keeps %ls.", info->name.c_str(), shown.c_str());
+        say(L"*Invalid value*  %ls keeps %ls.", info->name.c_str(), shown.c_str());
 }
 
 void setvar()
@@ -56,7 +56,7 @@ void setvar()
     if (name == L"?") {
         for (const auto& n : varNames()) {
             auto v = getVar(n);
-            acutPrintf(L"\n%-20ls%ls", n.c_str(), v ? formatVar(*v).c_str() : L"");
+            say(L"%-20ls%ls", n.c_str(), v ? formatVar(*v).c_str() : L"");
         }
         return;
     }

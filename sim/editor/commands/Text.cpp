@@ -77,7 +77,7 @@ void text()
     AcDbObjectId style = db->textstyle();
     const Justify* just = &kJustify[0];
     double shownHeight = styleHeight(style) > 0 ? styleHeight(style) : db->textsize();
-    acutPrintf(L"\nCurrent text style:  \"%ls\"  Text height:  %.4f  Annotative:  No  Justify:  %ls",
+    say(L"Current text style:  \"%ls\"  Text height:  %.4f  Annotative:  No  Justify:  %ls",
                recordName(style).c_str(), shownHeight, just->keyword);
     ads_point first;
     for (;;) {
@@ -97,7 +97,7 @@ void text()
                 continue;
             AcDbObjectId id = recordId<AcDbTextStyleTableRecord>(db, name);
             if (id.isNull())
-                acutPrintf(L"\nCannot find text style \"%ls\".", name);
+                say(L"Cannot find text style \"%ls\".", name);
             else
                 style = id;
             continue;

@@ -32,7 +32,7 @@ void apply(const AcGePoint3d& o, const AcGeVector3d& x, const AcGeVector3d& y)
     AcGeMatrix3d m;
     m.setCoordSystem(o, x, y, x.crossProduct(y));
     if (!setCurrentUcs(m))
-        acutPrintf(L"\nInvalid UCS: the axes do not span a plane.");
+        say(L"Invalid UCS: the axes do not span a plane.");
 }
 
 /// Rotation about an axis of the current UCS (0 X, 1 Y, 2 Z), by an angle asked for.
@@ -68,7 +68,7 @@ void byPoints(AcDbDatabase&, const AcGePoint3d& originUcs)
     if (rc == RTNORM) {
         AcGeVector3d nx = ucs * asPnt3d(p) - origin;
         if (nx.isZeroLength()) {
-            acutPrintf(L"\nPoint is the origin: the X axis stays.");
+            say(L"Point is the origin: the X axis stays.");
         } else {
             // Keep the XY plane if the new X axis lies in it; the next point may tilt it.
             AcGeVector3d ny = z.crossProduct(nx);
@@ -127,7 +127,7 @@ void save(AcDbDatabase& db)
         auto* rec = new AcDbUCSTableRecord;
         if (rec->setName(name.c_str()) != Acad::eOk || table->add(id, rec) != Acad::eOk) {
             delete rec;
-            acutPrintf(L"\nInvalid UCS name.");
+            say(L"Invalid UCS name.");
             return;
         }
         rec->setOrigin(o);
@@ -146,7 +146,7 @@ void restore(AcDbDatabase& db)
     AcDbObjectId id = recordId<AcDbUCSTableRecord>(&db, name);
     AcDbObjectPointer<AcDbUCSTableRecord> rec(id);
     if (id.isNull() || rec.openStatus() != Acad::eOk) {
-        acutPrintf(L"\nCannot find UCS \"%ls\".", name.c_str());
+        say(L"Cannot find UCS \"%ls\".", name.c_str());
         return;
     }
     apply(rec->origin(), rec->xAxis(), rec->yAxis());
@@ -161,13 +161,13 @@ void remove(AcDbDatabase& db)
     AcDbObjectId id = recordId<AcDbUCSTableRecord>(&db, name);
     AcDbObjectPointer<AcDbUCSTableRecord> rec(id, AcDb::kForWrite);
     if (id.isNull() || rec.openStatus() != Acad::eOk) {
-        acutPrintf(L"\nCannot find UCS \"%ls\".", name.c_str());
+        say(L"Cannot find UCS \"%ls\".", name.c_str());
         return;
     }
     rec->erase();
     if (currentName(db) == id)
         setName(db, AcDbObjectId::kNull);
-    acutPrintf(L"\nDeleted 1 UCS.");
+    say(L"Deleted 1 UCS.");
 }
 
 } // namespace
@@ -179,7 +179,7 @@ void ucs()
         return;
     bool world = ucsToWcs().isEqualTo(AcGeMatrix3d::kIdentity);
     std::wstring name = recordName(currentName(*db));
-    acutPrintf(L"\nCurrent ucs name:  %ls", world ? L"*WORLD*" : name.empty() ? L"*NO NAME*" : name.c_str());
+    say(L"Current ucs name:  %ls", world ? L"*WORLD*" : name.empty() ? L"*NO NAME*" : name.c_str());
     // Save, Restore and Delete are the old options, still taken without being offered.
     acedInitGet(0, L"NAmed Previous World X Y Z Save Restore Delete");
     ads_point p;
@@ -208,7 +208,7 @@ void ucs()
     } else if (option == L"Previous") {
         auto& previous = editorState().previousUcs;
         if (previous.empty()) {
-            acutPrintf(L"\nNo previous UCS.");
+            say(L"No previous UCS.");
             return;
         }
         AcGeMatrix3d m = previous.back();
@@ -224,7 +224,7 @@ void ucs()
     } else if (option == L"Delete") {
         remove(*db);
     } else if (option == L"?") {
-        acutPrintf(L"\nCurrent ucs name:  %ls", world ? L"*WORLD*" : name.empty() ? L"*NO NAME*" : name.c_str());
+        say(L"Current ucs name:  %ls", world ? L"*WORLD*" : name.empty() ? L"*NO NAME*" : name.c_str());
     }
 }
 

@@ -92,7 +92,7 @@ void zoom()
         if (f && *f > 0)
             setView(viewCenter(), viewSize() / *f);
         else
-            acutPrintf(L"\nRequires a point, a scale factor or an option keyword.");
+            say(L"Requires a point, a scale factor or an option keyword.");
     }
 }
 

@@ -1,9 +1,24 @@
-// Putting a new entity into the current space, as every drawing command of the host does.
+// What the host's commands share: putting a new entity into the current space, and their messages.
+#include <cstdarg>
+#include <cwchar>
+
 #include "dbobjptr.h"
+#include "sim/editor/Prompting.h"
 #include "sim/editor/Ucs.h"
 #include "sim/editor/commands/Commands.h"
 
 namespace sim::editor::commands {
+
+void say(const wchar_t* format, ...)
+{
+    wchar_t buf[1024];
+    va_list ap;
+    va_start(ap, format);
+    int n = std::vswprintf(buf, 1024, format, ap);
+    va_end(ap);
+    if (n >= 0)
+        showMessage(buf);
+}
 
 AcDbObjectId appendToSpace(AcDbEntity* entity)
 {

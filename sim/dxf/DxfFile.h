@@ -1,0 +1,26 @@
+// Drawing files on disk: reading and writing DXF files (a .dwg name stands for the .dxf of the same
+// name), written to a temporary file and renamed into place, the old one kept as .bak; and the
+// file format the database's readDwgFile and saveAs reach.
+#pragma once
+#include <string>
+
+#include "dbmain.h"
+
+namespace sim::dxf {
+
+/// The file the platform uses for a drawing's name: the .dxf of a .dwg, the name itself otherwise.
+std::wstring dxfPath(const std::wstring& path);
+
+/// Reads a drawing file into an empty database. Empty on success; else the reason (with the line
+/// for a damaged file), and the database is empty again.
+std::string readDrawingFile(AcDbDatabase& db, const std::wstring& path);
+/// Writes the database to the file through a temporary file; an old file of the name becomes the
+/// .bak when keepBackup. Empty on success; else the reason, and the file is as it was.
+std::string writeDrawingFile(AcDbDatabase& db, const std::wstring& path, bool keepBackup = true);
+
+/// Makes the database's readDwgFile and saveAs use these files. Idempotent.
+void installFileFormat();
+/// The reason the last read or write through the database's calls failed ("" after a success).
+const std::string& lastFileError();
+
+} // namespace sim::dxf

@@ -1,0 +1,19 @@
+// The host commands of the drawing-file module, as the command line of the host has them with file
+// dialogs off: _SAVEAS, _QSAVE, _INSERT (a block by name or from a file), and the two that build
+// entities this module adds to the editor's set, _ARC and _MTEXT.
+#pragma once
+
+namespace sim::dxf {
+
+/// Adds the commands to the editor's table of host commands. Idempotent.
+void addHostCommands();
+
+namespace commands {
+void saveAs();
+void qsave();
+void insert();
+void arc();
+void mtext();
+} // namespace commands
+
+} // namespace sim::dxf
