@@ -9,7 +9,8 @@
 // ---- Prompts -------------------------------------------------------------------------------------
 // Every prompt answers RTNORM with a value, RTNONE for Enter, RTCAN for Escape, RTKWORD when the
 // answer was a keyword of the preceding acedInitGet (read it with acedGetInput), or RTERROR.
-// Points are in the current UCS.
+// Points are in the current UCS, typed "x,y", "x,y,z", "@dx,dy" (from the base point, else the last
+// point), "@dist<angle" or "*x,y" (world). A wrong answer shows the host's message and asks again.
 
 /// Sets the input flags (RSG_*) and the keyword list of the next prompt only. Keywords are separated
 /// by blanks; a lone "_" separates the local keywords from their global names, in the same order.
@@ -38,7 +39,9 @@ int acedGetInput(ACHAR* str, size_t bufLen);
 
 // ---- Picks and selection sets ---------------------------------------------------------------------
 // A selection set is an ads_name that the host keeps until acedSSFree. Entities are picked by a point
-// (within the pick box) or by a handle such as "#1F".
+// (the nearest within the pick box, of equally near ones the last drawn) or by a handle such as "#1F".
+// At "Select objects: " each answer is a point, handles ("#1F #20"), "all", "w x1,y1 x2,y2",
+// "c x1,y1 x2,y2", "l" (last), "p" (previous), "r" / "a" (remove / add); Enter ends it.
 
 /// One entity by a pick; ptres is the pick point (UCS). RTNONE for Enter, RTERROR when the pick hits
 /// nothing, RTKWORD for a keyword of acedInitGet.
@@ -81,7 +84,7 @@ int acedSSGetFirst(struct resbuf** gset, struct resbuf** pset);
 // ---- System variables -----------------------------------------------------------------------------
 
 /// Integers come as RTSHORT, reals as RTREAL, points as RTPOINT/RT3DPOINT, text as RTSTR (the caller
-/// frees the string with delete[], as acutRelRb would). RTERROR for an unknown name.
+/// frees the string with acutDelString, or with the buffer by acutRelRb). RTERROR for an unknown name.
 int acedGetVar(const ACHAR* sym, struct resbuf* result);
 /// Integers may come as RTSHORT or RTLONG. RTERROR for an unknown or read-only name, a wrong type or
 /// a value out of range; the variable keeps its value then.

@@ -4,6 +4,8 @@
 #include <cstring>
 #include <cwchar>
 #include <cwctype>
+#include <locale.h>
+#include <wctype.h>
 #include <string>
 #include <vector>
 
@@ -230,10 +232,13 @@ ads_real acutDistance(const ads_point pt1, const ads_point pt2)
 
 int AcString::compareNoCase(const ACHAR* s) const
 {
+    // The host folds case for every letter, not just ASCII: use a UTF-8 locale whatever the process has.
+    static const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", static_cast<locale_t>(0));
     const ACHAR* a = m_s.c_str();
     const ACHAR* b = s ? s : L"";
     for (;; ++a, ++b) {
-        wint_t ca = std::towupper(static_cast<wint_t>(*a)), cb = std::towupper(static_cast<wint_t>(*b));
+        wint_t ca = utf8 ? towupper_l(static_cast<wint_t>(*a), utf8) : std::towupper(static_cast<wint_t>(*a));
+        wint_t cb = utf8 ? towupper_l(static_cast<wint_t>(*b), utf8) : std::towupper(static_cast<wint_t>(*b));
         if (ca != cb)
             return ca < cb ? -1 : 1;
         if (*a == 0)

@@ -17,6 +17,8 @@ public:
     /// Set when an abort took the object out of its database; it is kept only so that pointers to it
     /// stay harmless.
     bool detached = false;
+    /// The database a detached object was in: it keeps its id, which names nothing any more.
+    AcDbDatabase* formerDb = nullptr;
     /// The database a new object is meant for, until it is added to one.
     AcDbDatabase* intended = nullptr;
 

@@ -61,7 +61,10 @@ AcDbObject::~AcDbObject() { delete mpImpObject; }
 
 AcDbObjectId AcDbObject::objectId() const
 {
-    return mpImpObject->db ? AcDbObjectId(mpImpObject->db, mpImpObject->handle) : AcDbObjectId::kNull;
+    if (mpImpObject->db)
+        return AcDbObjectId(mpImpObject->db, mpImpObject->handle);
+    // An object an abort took out keeps its id, so that smart pointers close it rather than delete it.
+    return mpImpObject->detached ? AcDbObjectId(mpImpObject->formerDb, mpImpObject->handle) : AcDbObjectId::kNull;
 }
 
 AcDbObjectId AcDbObject::ownerId() const { return mpImpObject->owner; }

@@ -94,6 +94,7 @@ Acad::ErrorStatus TransactionManager::abortTransaction()
         m_db.objects.erase(it);
         m_db.writeOpen.erase(obj);
         forget(obj);
+        oi->formerDb = oi->db;
         oi->db = nullptr;
         oi->detached = true;
         oi->readers = 0;

@@ -83,23 +83,30 @@ void ReadContext::addName(sim::db::TableKind table, std::string_view name, AcDbO
     m.emplace(folded(name), id);
 }
 
-AcDbObjectId ReadContext::find(sim::db::TableKind table, std::string_view name) const
+AcDbObjectId ReadContext::find(sim::db::TableKind table, std::string_view name, bool* exact) const
 {
     const auto& m = m_names[table];
-    if (auto it = m.find(std::string(name)); it != m.end())
+    if (exact)
+        *exact = true;
+    if (auto it = m.find(name); it != m.end())
         return it->second;
+    if (exact)
+        *exact = false;
     if (auto it = m.find(folded(name)); it != m.end())
         return it->second;
     return AcDbObjectId::kNull;
 }
 
-void ReadContext::refer(AcDbObject* obj, Ref ref, std::string_view name)
+bool ReadContext::refer(AcDbObject* obj, Ref ref, std::string_view name)
 {
-    AcDbObjectId id = find(tableOf(ref), name);
-    if (id.isNull())
+    bool exact = true;
+    AcDbObjectId id = find(tableOf(ref), name, &exact);
+    if (id.isNull()) {
         pending.push_back({obj, ref, std::string(name)});
-    else
-        setReference(obj, ref, id);
+        return true;
+    }
+    setReference(obj, ref, id);
+    return exact;
 }
 
 void setReference(AcDbObject* obj, ReadContext::Ref ref, AcDbObjectId id)
@@ -127,7 +134,21 @@ void setReference(AcDbObject* obj, ReadContext::Ref ref, AcDbObjectId id)
     }
 }
 
+void referByName(Fields& f, ReadContext& cx, AcDbObject* obj, ReadContext::Ref ref, int code, std::string_view name)
+{
+    if (!cx.refer(obj, ref, name))
+        f.keepValue(code, name);
+}
+
 // --- writing -----------------------------------------------------------------------------------
+
+std::string_view spelledName(const ObjectWriter& w, int code, const std::string& recordName)
+{
+    std::optional<std::string_view> kept = w.keptValue(code);
+    if (kept && folded(*kept) == folded(recordName))
+        return *kept;
+    return recordName;
+}
 
 const std::string& WriteContext::name(AcDbObjectId id)
 {

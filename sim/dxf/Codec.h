@@ -24,11 +24,12 @@ public:
     AcDbObjectId id(AcDbHandle h) const { return h.isNull() ? AcDbObjectId::kNull : AcDbObjectId(db, h); }
 
     /// A record of the table now; noted to be settled later when the table has no such name yet.
+    /// False when the record's name is spelled otherwise (in another case).
     enum class Ref { Layer, Linetype, TextStyle, MTextStyle, Block, LayerLinetype };
-    void refer(AcDbObject* obj, Ref ref, std::string_view name);
+    bool refer(AcDbObject* obj, Ref ref, std::string_view name);
     /// A record the reader has added to a table.
     void addName(sim::db::TableKind table, std::string_view name, AcDbObjectId id);
-    AcDbObjectId find(sim::db::TableKind table, std::string_view name) const;
+    AcDbObjectId find(sim::db::TableKind table, std::string_view name, bool* exact = nullptr) const;
 
     struct Pending {
         AcDbObject* obj;
@@ -43,11 +44,22 @@ public:
 
 private:
     static sim::db::TableKind tableOf(Ref ref);
-    std::unordered_map<std::string, AcDbObjectId> m_names[sim::db::kTableCount];
+    struct NameHash {
+        using is_transparent = void;
+        size_t operator()(std::string_view s) const { return std::hash<std::string_view>()(s); }
+    };
+    std::unordered_map<std::string, AcDbObjectId, NameHash, std::equal_to<>> m_names[sim::db::kTableCount];
 };
 
 /// Sets the reference of an object to a record (as ReadContext::refer does).
 void setReference(AcDbObject* obj, ReadContext::Ref ref, AcDbObjectId id);
+
+/// Refers to a record by the name of a group; a name spelled in another case than its record's is
+/// kept for the writer.
+void referByName(Fields& f, ReadContext& cx, AcDbObject* obj, ReadContext::Ref ref, int code, std::string_view name);
+/// The name to write for a record under a group: as the file spelled it while that still names the
+/// record, else the record's own.
+std::string_view spelledName(const ObjectWriter& w, int code, const std::string& recordName);
 
 /// What the writers of objects need: names of records (UTF-8) and whether an owner is a paper
 /// space layout.

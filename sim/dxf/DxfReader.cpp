@@ -190,7 +190,7 @@ private:
             f.take(3);
             std::wstring path = f.text(1);
             std::wstring description = f.text(4);
-            f.keepBits(70, flags & ~31);
+            f.keepBits(70, flags & ~15);
 
             AcDbObjectId btrId;
             if (m_rec.hasOwner && AcDbBlockTableRecord::cast(sim::db::objectOf(m_cx.id(m_rec.owner))))

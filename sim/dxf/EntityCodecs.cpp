@@ -251,9 +251,10 @@ public:
 protected:
     bool accepts(Fields& f) const override
     {
-        const Tag* flags = f.sub("AcDb2dPolyline").find(70);
-        if (!f.record().hasSubclassMarkers() || f.begin() == f.end())
-            flags = f.head().find(70);
+        // A 3D polyline or a mesh has its own subclass; without subclass markers its flags tell.
+        if (f.record().hasSubclassMarkers())
+            return f.sub("AcDb2dPolyline").end() > 0;
+        const Tag* flags = f.head().find(70);
         return !(flags && (flags->integer & kNot2d));
     }
     void readFields(AcDb2dPolyline& e, Fields& f, ReadContext&) const override
@@ -515,7 +516,7 @@ protected:
     {
         f.sub("AcDbBlockReference");
         f.take(66); // the attributes that follow say it
-        cx.refer(&e, Ref::Block, f.str(2));
+        referByName(f, cx, &e, Ref::Block, 2, f.str(2));
         AcGeVector3d n = f.vector(210, AcGeVector3d::kZAxis);
         e.setNormal(n);
         e.setPosition(fromOcs(n, f.point(10)));
@@ -527,7 +528,7 @@ protected:
         w.subclass("AcDbBlockReference");
         if (hasLiveAttributes(e))
             w.out.integer(66, 1);
-        w.out.write(2, cx.name(e.blockTableRecord()));
+        w.out.write(2, spelledName(w, 2, cx.name(e.blockTableRecord())));
         w.out.point(10, toOcs(e.normal(), e.position()));
         AcGeScale3d s = e.scaleFactors();
         if (s.sx != 1.0)

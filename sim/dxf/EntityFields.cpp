@@ -35,7 +35,7 @@ AcCmColor readColor(int index, const Tag* trueColor)
     return c;
 }
 
-void writeColor(TagWriter& w, const AcCmColor& c)
+void writeColor(TagWriter& w, const AcCmColor& c, std::optional<std::string_view> keptIndex)
 {
     switch (c.colorMethod()) {
     case AcCmEntityColor::kByLayer:
@@ -44,7 +44,11 @@ void writeColor(TagWriter& w, const AcCmColor& c)
         w.integer(62, 0);
         return;
     case AcCmEntityColor::kByColor:
-        w.integer(62, c.colorIndex());
+        // The index beside a true colour: as the file had it (none, when it had none), else the nearest.
+        if (keptIndex && !keptIndex->empty())
+            w.write(62, *keptIndex);
+        else if (!keptIndex)
+            w.integer(62, c.colorIndex());
         w.integer(420, (static_cast<int>(c.red()) << 16) | (static_cast<int>(c.green()) << 8) | c.blue());
         return;
     case AcCmEntityColor::kNone:
@@ -59,13 +63,20 @@ void writeColor(TagWriter& w, const AcCmColor& c)
 void readEntity(AcDbEntity& e, Fields& f, ReadContext& cx)
 {
     f.sub("AcDbEntity");
-    cx.paperSpace = f.integer(67) != 0;
+    // A block's markers keep their paper space flag as it came; other entities have it from their owner.
+    bool marker = AcDbBlockBegin::cast(&e) || AcDbBlockEnd::cast(&e);
+    const Tag* paper = marker ? f.find(67) : f.take(67);
+    cx.paperSpace = paper && paper->integer != 0;
     const Tag* layer = f.take(8);
-    cx.refer(&e, Ref::Layer, layer ? layer->value : std::string_view("0"));
-    const Tag* linetype = f.take(6);
-    cx.refer(&e, Ref::Linetype, linetype ? linetype->value : std::string_view("ByLayer"));
+    referByName(f, cx, &e, Ref::Layer, 8, layer ? layer->value : std::string_view("0"));
+    if (const Tag* linetype = f.take(6))
+        referByName(f, cx, &e, Ref::Linetype, 6, linetype->value);
+    else
+        cx.refer(&e, Ref::Linetype, "ByLayer");
     const Tag* index = f.take(62);
     const Tag* trueColor = f.take(420);
+    if (trueColor) // the index beside a true colour, or that there was none
+        f.keepValue(62, index ? index->value : std::string_view());
     if (index || trueColor)
         e.setColor(readColor(index ? static_cast<int>(index->integer) : 256, trueColor));
     if (const Tag* t = f.take(370))
@@ -79,14 +90,14 @@ void readEntity(AcDbEntity& e, Fields& f, ReadContext& cx)
 void writeEntity(const AcDbEntity& e, ObjectWriter& w, WriteContext& cx)
 {
     w.subclass("AcDbEntity");
-    if (cx.inPaperSpace(e))
+    if (!AcDbBlockBegin::cast(&e) && !AcDbBlockEnd::cast(&e) && cx.inPaperSpace(e))
         w.out.integer(67, 1);
     const std::string& layer = cx.name(e.layerId());
-    w.out.write(8, layer.empty() ? std::string_view("0") : std::string_view(layer));
+    w.out.write(8, layer.empty() ? std::string_view("0") : spelledName(w, 8, layer));
     if (!cx.isByLayer(e.linetypeId()))
         if (const std::string& linetype = cx.name(e.linetypeId()); !linetype.empty())
-            w.out.write(6, linetype);
-    writeColor(w.out, e.color());
+            w.out.write(6, spelledName(w, 6, linetype));
+    writeColor(w.out, e.color(), w.keptValue(62));
     if (e.lineWeight() != AcDb::kLnWtByLayer)
         w.out.integer(370, e.lineWeight());
     if (e.linetypeScale() != 1.0)
@@ -110,7 +121,7 @@ void readTextFields(AcDbText& e, Fields& f, ReadContext& cx)
     e.setWidthFactor(f.real(41, 1.0));
     e.setOblique(radians(f.real(51)));
     const Tag* style = f.take(7);
-    cx.refer(&e, Ref::TextStyle, style ? style->value : std::string_view("Standard"));
+    referByName(f, cx, &e, Ref::TextStyle, 7, style ? style->value : std::string_view("Standard"));
     int flags = f.int32(71);
     e.mirrorInX(flags & 2);
     e.mirrorInY(flags & 4);
@@ -136,14 +147,15 @@ void writeTextFields(const AcDbText& e, ObjectWriter& w, WriteContext& cx)
     if (e.oblique() != 0.0)
         w.out.real(51, degrees(e.oblique()));
     if (const std::string& style = cx.name(e.textStyle()); !style.empty())
-        w.out.write(7, style);
+        w.out.write(7, spelledName(w, 7, style));
     int flags = (e.isMirroredInX() ? 2 : 0) | (e.isMirroredInY() ? 4 : 0);
     if (flags)
         w.out.integer(71, flags);
     if (e.horizontalMode() != AcDb::kTextLeft)
         w.out.integer(72, e.horizontalMode());
-    if (!e.isDefaultAlignment())
-        w.out.point(11, ocs(e.alignmentPoint()));
+    AcGePoint3d align = e.alignmentPoint();
+    if (!e.isDefaultAlignment() || align.x != 0.0 || align.y != 0.0 || align.z != 0.0)
+        w.out.point(11, ocs(align));
     if (!isZAxis(e.normal()))
         w.out.point(210, e.normal());
 }
@@ -205,7 +217,8 @@ void writeMTextFields(const AcDbMText& e, ObjectWriter& w, WriteContext& cx)
 {
     w.out.point(10, e.location());
     w.out.real(40, e.textHeight());
-    w.out.real(41, e.width());
+    if (e.width() != 0.0)
+        w.out.real(41, e.width());
     w.out.integer(71, e.attachment());
     w.out.integer(72, e.flowDirection());
     AcString text;
@@ -296,7 +309,7 @@ int blockFlags(const AcDbBlockTableRecord& btr)
     btr.pathName(path);
     bool xref = path && *path;
     return (btr.isAnonymous() ? 1 : 0) | (btr.hasAttributeDefinitions() ? 2 : 0) | (xref ? 4 : 0) |
-           (btr.isFromOverlayReference() ? 8 : 0) | (btr.isDependent() ? 16 : 0);
+           (btr.isFromOverlayReference() ? 8 : 0);
 }
 
 void writeBlockBeginFields(const AcDbBlockBegin& e, ObjectWriter& w, WriteContext& cx)

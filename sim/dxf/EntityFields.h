@@ -1,7 +1,9 @@
 // Fields that several entity codecs share: the common entity fields (layer, line type, colour,
 // line weight, ...), single-line text, multi-line text, attribute flags, a block's begin marker.
 #pragma once
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "dbents.h"
 #include "dbmtext.h"
@@ -46,8 +48,9 @@ int blockFlags(const AcDbBlockTableRecord& btr);
 /// Whether a block reference has attributes that are not erased (66 1 and what follows).
 bool hasLiveAttributes(const AcDbBlockReference& ref);
 
-/// Colour to the 62 and 420 groups of an entity (nothing for by layer).
-void writeColor(TagWriter& w, const AcCmColor& c);
+/// Colour to the 62 and 420 groups of an entity (nothing for by layer); a true colour writes the
+/// index kept beside it, when there is one.
+void writeColor(TagWriter& w, const AcCmColor& c, std::optional<std::string_view> keptIndex = std::nullopt);
 /// From a 62 index (256 by layer, 0 by block) and a 420 true colour when it has one.
 AcCmColor readColor(int index, const Tag* trueColor);
 

@@ -53,8 +53,10 @@ public:
     void keepBits(int code, std::int64_t bits)
     {
         if (bits)
-            m_rec.keptBits.emplace_back(code, bits);
+            m_rec.keptValues.emplace_back(code, std::to_string(bits));
     }
+    /// Keeps the value of a group the writer computes, as the file had it.
+    void keepValue(int code, std::string_view value) { m_rec.keptValues.emplace_back(code, std::string(value)); }
 
     Record& record() { return m_rec; }
 

@@ -15,6 +15,7 @@
 #include "dbmtext.h"
 #include "dbobjptr.h"
 #include "sim/core/Session.h"
+#include "sim/db/DatabaseAccess.h"
 #include "sim/db/Documents.h"
 #include "sim/db/FileAccess.h"
 #include "sim/db/Geometry.h"

@@ -1,6 +1,8 @@
 // Writing one object's record with what was kept of it.
 #include "sim/dxf/ObjectWriter.h"
 
+#include <charconv>
+
 #include "sim/db/ImpObject.h"
 #include "sim/dxf/Preserved.h"
 #include "sim/dxf/XData.h"
@@ -55,13 +57,22 @@ void ObjectWriter::begin(std::string_view recordName, const AcDbObject& obj, int
     out.handle(330, m_imp->owner.handle());
 }
 
-std::int64_t ObjectWriter::keptBits(int code) const
+std::optional<std::string_view> ObjectWriter::keptValue(int code) const
 {
     const sim::db::RawTags& kept = m_imp->preservedTags;
     for (const Run& r : m_runs)
-        if (r.kind == kKeptBits && r.begin < r.end && kept[r.begin].code == code)
-            return std::stoll(kept[r.begin].value);
-    return 0;
+        if (r.kind == kKeptValue && r.begin < r.end && kept[r.begin].code == code)
+            return std::string_view(kept[r.begin].value);
+    return std::nullopt;
+}
+
+std::int64_t ObjectWriter::keptBits(int code) const
+{
+    std::optional<std::string_view> v = keptValue(code);
+    std::int64_t bits = 0;
+    if (v)
+        std::from_chars(v->data(), v->data() + v->size(), bits);
+    return bits;
 }
 
 void ObjectWriter::writeRun(Run& run)
@@ -120,7 +131,7 @@ void ObjectWriter::end(const std::vector<std::pair<std::wstring, sim::db::Chain>
     // Whatever the writer did not place: runs of subclasses it no longer writes, whole segments.
     const sim::db::RawTags& kept = m_imp->preservedTags;
     for (Run& r : m_runs) {
-        if (r.written || r.kind == kRecordName || r.kind == kFollowers || r.kind == kAppGroups || r.kind == kKeptBits)
+        if (r.written || r.kind == kRecordName || r.kind == kFollowers || r.kind == kAppGroups || r.kind == kKeptValue)
             continue;
         if (r.kind == kSubclassRest && !r.name.empty() && r.begin != r.end)
             out.write(100, r.name);

@@ -3,6 +3,7 @@
 // data. The writers of the kinds call subclass() and write their fields in between.
 #pragma once
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -35,7 +36,9 @@ public:
     /// Ends the last subclass, writes what else was kept and the extended data (extra data that
     /// the kind keeps in fields of its own first), and the records kept to follow this one.
     void end(const std::vector<std::pair<std::wstring, sim::db::Chain>>* extraXData = nullptr);
-    /// The bits of a flags group kept for the object (0 for none).
+    /// The value kept for a group the writer computes (see Preserved.h); empty for none.
+    std::optional<std::string_view> keptValue(int code) const;
+    /// The bits kept for a flags group (0 for none).
     std::int64_t keptBits(int code) const;
 
     TagWriter& out;

@@ -5,9 +5,9 @@ namespace sim::dxf {
 
 void keepUntaken(const Record& rec, sim::db::RawTags& out)
 {
-    for (const auto& [code, bits] : rec.keptBits) {
-        out.push_back({kKeptBits, std::string()});
-        out.push_back({code, std::to_string(bits)});
+    for (const auto& [code, value] : rec.keptValues) {
+        out.push_back({kKeptValue, std::string()});
+        out.push_back({code, value});
     }
     if (!rec.appGroups.empty()) {
         out.push_back({kAppGroups, std::string()});

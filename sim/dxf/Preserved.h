@@ -10,15 +10,17 @@
 //               marker first; written right after the run before it
 //   {-5, ""}    records that follow the object's own (a 3D polyline's vertices), written after its
 //               extended data
-//   {-6, ""}    one group: bits of a flags group (its code) that the object does not model; the
-//               writer of the kind adds them to the flags it computes
+//   {-6, ""}    one group whose value the writer computes, as the file had it where it says more
+//               than the database models: bits of a flags group the object does not model (the
+//               writer adds them), the colour index beside a true colour, the spelling of a name
+//               that differs in case from its record's (the writer uses them while they still fit)
 #pragma once
 #include "sim/db/RawTag.h"
 #include "sim/dxf/Record.h"
 
 namespace sim::dxf {
 
-enum PreservedMarker { kRecordName = -1, kAppGroups = -2, kSubclassRest = -3, kWholeSegment = -4, kFollowers = -5, kKeptBits = -6 };
+enum PreservedMarker { kRecordName = -1, kAppGroups = -2, kSubclassRest = -3, kWholeSegment = -4, kFollowers = -5, kKeptValue = -6 };
 
 /// Appends the runs for what the reader of a record left: its application groups, the groups of
 /// the subclasses it read that it did not take, and the subclasses it did not read.

@@ -21,7 +21,7 @@ void Record::clear()
     xdata.clear();
     taken.clear();
     segmentRead.clear();
-    keptBits.clear();
+    keptValues.clear();
 }
 
 bool nextIs(TagReader& reader, std::string_view type)

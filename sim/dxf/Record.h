@@ -3,6 +3,7 @@
 // owner), the body in segments that begin at each subclass marker, and the extended data.
 #pragma once
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -39,8 +40,10 @@ struct Record {
     std::vector<std::uint8_t> taken;
     /// Per segment: the reader of the object's kind knows the subclass.
     std::vector<std::uint8_t> segmentRead;
-    /// Bits of flag groups that the reader does not model, by group code (kept, see Preserved.h).
-    std::vector<std::pair<int, std::int64_t>> keptBits;
+    /// Values of groups the writer computes, as the file had them, where they say more than the
+    /// database models (flag bits, a colour index beside a true colour, a name's spelling); kept,
+    /// see Preserved.h.
+    std::vector<std::pair<int, std::string>> keptValues;
 
     void clear();
     /// The segment's marker text (the subclass name); empty for the first segment.

@@ -307,7 +307,7 @@ private:
 std::string num(double v)
 {
     char buf[32];
-    std::snprintf(buf, sizeof buf, "%.10g", v);
+    std::snprintf(buf, sizeof buf, "%.10g", v + 0.0); // no "-0"
     return buf;
 }
 

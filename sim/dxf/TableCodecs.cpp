@@ -277,13 +277,15 @@ protected:
         r.setIsLocked(flags & 4);
         const Tag* index = f.take(62);
         const Tag* trueColor = f.take(420);
+        if (trueColor && index) // the index beside a true colour
+            f.keepValue(62, std::to_string(index->integer < 0 ? -index->integer : index->integer));
         int i = index ? static_cast<int>(index->integer) : 7;
         r.setIsOff(i < 0);
         if (i < 0)
             i = -i;
         r.setColor(readColor(i >= 1 && i <= 255 ? i : 7, trueColor));
         const Tag* linetype = f.take(6);
-        cx.refer(&r, Ref::LayerLinetype, linetype ? linetype->value : std::string_view("Continuous"));
+        referByName(f, cx, &r, Ref::LayerLinetype, 6, linetype ? linetype->value : std::string_view("Continuous"));
         r.setIsPlottable(f.integer(290, 1) != 0);
         if (const Tag* lw = f.take(370))
             r.setLineWeight(static_cast<AcDb::LineWeight>(lw->integer));
@@ -300,13 +302,15 @@ protected:
     {
         AcCmColor c = r.color();
         int index = c.colorIndex();
+        if (std::optional<std::string_view> kept = w.keptValue(62); kept && c.isByColor())
+            index = std::atoi(std::string(*kept).c_str());
         if (index < 1 || index > 255)
             index = 7;
         w.out.integer(62, r.isOff() ? -index : index);
         if (c.isByColor())
             w.out.integer(420, (static_cast<int>(c.red()) << 16) | (static_cast<int>(c.green()) << 8) | c.blue());
         const std::string& linetype = cx.name(r.linetypeObjectId());
-        w.out.write(6, linetype.empty() ? std::string_view("Continuous") : std::string_view(linetype));
+        w.out.write(6, linetype.empty() ? std::string_view("Continuous") : spelledName(w, 6, linetype));
         if (!r.isPlottable())
             w.out.integer(290, 0);
         w.out.integer(370, r.lineWeight());

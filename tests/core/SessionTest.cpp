@@ -1,6 +1,7 @@
 // The platform's conversation and the result-buffer utilities.
 #include <gtest/gtest.h>
 
+#include "AcString.h"
 #include "acutads.h"
 #include "sim/core/ResBuf.h"
 #include "sim/core/Session.h"
@@ -75,4 +76,11 @@ TEST(Utf8, RoundTripsCzechAndAstralText)
     std::wstring w = L"Příliš žluťoučký kůň \U0001F600";
     EXPECT_EQ(fromUtf8(toUtf8(w)), w);
     EXPECT_EQ(toUtf8(L"ů"), "\xC5\xAF");
+}
+
+TEST(AcStringTest, CompareNoCaseFoldsCzechLetters)
+{
+    EXPECT_EQ(AcString(L"kóty").compareNoCase(L"KÓTY"), 0);
+    EXPECT_EQ(AcString(L"čerp").compareNoCase(L"ČERP"), 0);
+    EXPECT_NE(AcString(L"kóty").compareNoCase(L"KOTY"), 0);
 }

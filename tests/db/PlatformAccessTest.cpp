@@ -87,10 +87,12 @@ TEST(PlatformAccess, AbortBringsBackAReplacedDictionaryEntry)
         AcDbDictionaryPointer nod(db.namedObjectsDictionaryId(), AcDb::kForWrite);
         auto* x = new AcDbXrecord;
         ASSERT_EQ(nod->setAt(L"klic", x, second), Acad::eOk);
-        // A pointer kept past the abort stays harmless.
+        // A pointer kept past the abort stays harmless; a smart pointer closes it, never deletes it.
+        AcDbObjectPointer<AcDbXrecord> held;
+        held.acquire(x);
         tm->abortTransaction();
-        EXPECT_EQ(x->close(), Acad::eOk);
-        EXPECT_FALSE(x->isWriteEnabled());
+        EXPECT_FALSE(held->isWriteEnabled());
+        EXPECT_FALSE(held->objectId().isValid());
     }
     EXPECT_FALSE(first.isErased());
     EXPECT_FALSE(second.isValid());

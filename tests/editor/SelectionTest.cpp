@@ -2,6 +2,7 @@
 // and the selection-set calls.
 #include "EditorFixture.h"
 
+#include "dbmtext.h"
 #include "dbpl.h"
 #include "sim/db/UnknownObject.h"
 

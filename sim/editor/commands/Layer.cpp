@@ -132,9 +132,7 @@ void valueOption(AcDbDatabase& db, const std::wstring& option)
     std::wstring current = recordName(db.clayer());
     if (option == L"Color") {
         auto valueAnswer = ask(L"\nNew color: ");
-        if (!valueAnswer)
-            return;
-        if (valueAnswer->empty())
+        if (!valueAnswer || valueAnswer->empty())
             return;
         std::wstring value = *valueAnswer;
         auto n = parseInt(value);
