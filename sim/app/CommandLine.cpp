@@ -7,6 +7,7 @@
 #include "sim/app/CommandStack.h"
 #include "sim/app/LispCall.h"
 #include "sim/core/Session.h"
+#include "sim/editor/EditorState.h"
 #include "sim/editor/HostCommands.h"
 
 namespace sim::app {
@@ -66,11 +67,15 @@ bool runCommandLine(std::wstring_view line)
         // The command may remove itself from the stack while it runs: keep what is needed first.
         AcRxFunctionPtr fn = cmd->functionAddr();
         std::wstring name = L"the command " + upper(cmd->globalName());
-        return guarded(name, fn);
+        bool ok = guarded(name, fn);
+        sim::editor::endCommand(); // the pickfirst set and a pending acedInitGet end with the command
+        return ok;
     }
     if (auto host = sim::editor::HostCommands::find(text)) {
         std::wstring name = L"the command " + upper(text);
-        return guarded(name, host);
+        bool ok = guarded(name, host);
+        sim::editor::endCommand();
+        return ok;
     }
     std::wstring name = upper(text);
     session.print(L"Unknown command \"" + name + L"\".  Press F1 for help.\n");
