@@ -334,17 +334,19 @@ private:
             seed = std::max(seed, m_header.handseed->value());
         m_db.setHandseed(AcDbHandle(seed));
 
-        // Names no record has: the record is made, as the host does for a drawing that lacks it.
+        // What the file lacks of a drawing's structure, then the records of names the file uses but
+        // does not define: made, as the host does for a drawing that lacks them.
+        ensureStructure(m_db);
         for (const ReadContext::Pending& p : m_cx.pending) {
             TableKind kind = tableOf(p.ref);
             AcDbObjectId id = m_cx.find(kind, p.name);
-            if (id.isNull()) {
-                ensureStructure(m_db);
+            auto* table = AcDbSymbolTable::cast(sim::db::objectOf(sim::db::tableId(&m_db, kind)));
+            if (id.isNull() && table)
+                table->getAt(sim::fromUtf8(p.name).c_str(), id);
+            if (id.isNull())
                 id = makeRecord(kind, p.name);
-            }
             setReference(p.obj, p.ref, id);
         }
-        ensureStructure(m_db);
         for (int space = 0; space < 2; ++space) {
             AcDbObjectId owner;
             auto* table = AcDbBlockTable::cast(sim::db::objectOf(m_db.blockTableId()));

@@ -7,7 +7,6 @@
 #include "dbmtext.h"
 #include "dbpl.h"
 #include "sim/db/FileAccess.h"
-#include "sim/db/Geometry.h"
 #include "sim/dxf/Angles.h"
 #include "sim/dxf/Codec.h"
 #include "sim/dxf/EntityFields.h"
@@ -18,18 +17,7 @@ namespace {
 
 using Ref = ReadContext::Ref;
 
-bool isZAxis(const AcGeVector3d& v) { return v.x == 0.0 && v.y == 0.0 && v.z == 1.0; }
 
-void writeNormal(ObjectWriter& w, const AcGeVector3d& n)
-{
-    if (!isZAxis(n))
-        w.out.point(210, n);
-}
-
-// The file keeps the points of planar entities in their object coordinate system, the database in
-// world coordinates.
-AcGePoint3d fromOcs(const AcGeVector3d& n, const AcGePoint3d& p) { return isZAxis(n) ? p : sim::db::geom::ocsToWcs(n, p); }
-AcGePoint3d toOcs(const AcGeVector3d& n, const AcGePoint3d& p) { return isZAxis(n) ? p : sim::db::geom::wcsToOcs(n, p); }
 
 /// The frame every entity codec shares: a new object, its AcDbEntity fields, then its own.
 template <class T>
@@ -77,7 +65,7 @@ protected:
         e.setThickness(f.real(39));
         e.setStartPoint(f.point(10));
         e.setEndPoint(f.point(11));
-        e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
+        e.setNormal(readNormal(f));
     }
     void writeFields(const AcDbLine& e, ObjectWriter& w, WriteContext&) const override
     {
@@ -98,10 +86,9 @@ protected:
     void readFields(AcDbCircle& e, Fields& f, ReadContext&) const override
     {
         f.sub("AcDbCircle");
-        AcGeVector3d n = f.vector(210, AcGeVector3d::kZAxis);
-        e.setNormal(n);
+        e.setNormal(readNormal(f));
         e.setThickness(f.real(39));
-        e.setCenter(fromOcs(n, f.point(10)));
+        e.setCenter(readOcsPoint(f, 10, e.normal()));
         e.setRadius(f.real(40));
     }
     void writeFields(const AcDbCircle& e, ObjectWriter& w, WriteContext&) const override
@@ -109,7 +96,7 @@ protected:
         w.subclass("AcDbCircle");
         if (e.thickness() != 0.0)
             w.out.real(39, e.thickness());
-        w.out.point(10, toOcs(e.normal(), e.center()));
+        writeOcsPoint(w, 10, e.normal(), e.center());
         w.out.real(40, e.radius());
         writeNormal(w, e.normal());
     }
@@ -123,10 +110,9 @@ protected:
     void readFields(AcDbArc& e, Fields& f, ReadContext&) const override
     {
         f.sub("AcDbCircle");
-        AcGeVector3d n = f.vector(210, AcGeVector3d::kZAxis);
-        e.setNormal(n);
+        e.setNormal(readNormal(f));
         e.setThickness(f.real(39));
-        e.setCenter(fromOcs(n, f.point(10)));
+        e.setCenter(readOcsPoint(f, 10, e.normal()));
         e.setRadius(f.real(40));
         f.sub("AcDbArc");
         e.setStartAngle(radians(f.real(50)));
@@ -137,7 +123,7 @@ protected:
         w.subclass("AcDbCircle");
         if (e.thickness() != 0.0)
             w.out.real(39, e.thickness());
-        w.out.point(10, toOcs(e.normal(), e.center()));
+        writeOcsPoint(w, 10, e.normal(), e.center());
         w.out.real(40, e.radius());
         writeNormal(w, e.normal());
         w.subclass("AcDbArc");
@@ -159,7 +145,7 @@ protected:
         const Tag* constant = f.take(43);
         e.setElevation(f.real(38));
         e.setThickness(f.real(39));
-        e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
+        e.setNormal(readNormal(f));
         if (constant)
             e.setConstantWidth(constant->real);
 
@@ -267,7 +253,7 @@ protected:
         e.setDefaultStartWidth(f.real(40));
         e.setDefaultEndWidth(f.real(41));
         int curve = f.int32(75);
-        e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
+        e.setNormal(readNormal(f));
         if (flags & 1)
             e.makeClosed();
         if (flags & 2)
@@ -517,9 +503,8 @@ protected:
         f.sub("AcDbBlockReference");
         f.take(66); // the attributes that follow say it
         referByName(f, cx, &e, Ref::Block, 2, f.str(2));
-        AcGeVector3d n = f.vector(210, AcGeVector3d::kZAxis);
-        e.setNormal(n);
-        e.setPosition(fromOcs(n, f.point(10)));
+        e.setNormal(readNormal(f));
+        e.setPosition(readOcsPoint(f, 10, e.normal()));
         e.setScaleFactors(AcGeScale3d(f.real(41, 1.0), f.real(42, 1.0), f.real(43, 1.0)));
         e.setRotation(radians(f.real(50)));
     }
@@ -529,7 +514,7 @@ protected:
         if (hasLiveAttributes(e))
             w.out.integer(66, 1);
         w.out.write(2, spelledName(w, 2, cx.name(e.blockTableRecord())));
-        w.out.point(10, toOcs(e.normal(), e.position()));
+        writeOcsPoint(w, 10, e.normal(), e.position());
         AcGeScale3d s = e.scaleFactors();
         if (s.sx != 1.0)
             w.out.real(41, s.sx);

@@ -1,6 +1,9 @@
 // Fields that several entity codecs share.
 #include "sim/dxf/EntityFields.h"
 
+#include <cstdlib>
+#include <functional>
+
 #include "sim/core/Session.h"
 #include "sim/db/FileAccess.h"
 #include "sim/db/Geometry.h"
@@ -17,7 +20,98 @@ bool isZAxis(const AcGeVector3d& v) { return v.x == 0.0 && v.y == 0.0 && v.z == 
 /// Multi-line text goes to the file in pieces of 250 characters: 3 for all but the last, 1.
 constexpr size_t kChunk = 250;
 
+/// The three values of a point group as written, and back.
+std::string joined(const Tag* x, const Tag* y, const Tag* z)
+{
+    std::string s(x->value);
+    s += '\n';
+    if (y)
+        s += y->value;
+    s += '\n';
+    if (z)
+        s += z->value;
+    return s;
+}
+
+bool split(std::string_view s, std::string_view parts[3], double values[3])
+{
+    for (int i = 0; i < 3; ++i) {
+        size_t end = i < 2 ? s.find('\n') : s.size();
+        if (end == std::string_view::npos)
+            return false;
+        parts[i] = s.substr(0, end);
+        values[i] = parts[i].empty() ? 0.0 : std::strtod(std::string(parts[i]).c_str(), nullptr);
+        s.remove_prefix(i < 2 ? end + 1 : end);
+    }
+    return true;
+}
+
+bool sameBits(const AcGePoint3d& a, const AcGePoint3d& b) { return a.x == b.x && a.y == b.y && a.z == b.z; }
+
+/// The point as written under a code (the kept text), while it still gives the point; else false.
+bool writeKept(ObjectWriter& w, int code, const std::function<bool(const AcGePoint3d&)>& fits)
+{
+    std::optional<std::string_view> kept = w.keptValue(code);
+    std::string_view parts[3];
+    double v[3];
+    if (!kept || !split(*kept, parts, v) || !fits(AcGePoint3d(v[0], v[1], v[2])))
+        return false;
+    for (int i = 0; i < 3; ++i)
+        if (i < 2 || !parts[i].empty())
+            w.out.write(code + 10 * i, parts[i]);
+    return true;
+}
+
 } // namespace
+
+AcGeVector3d readNormal(Fields& f)
+{
+    const Tag* x = f.take(210);
+    if (!x)
+        return AcGeVector3d::kZAxis;
+    const Tag* y = f.take(220);
+    const Tag* z = f.take(230);
+    AcGeVector3d v(x->real, y ? y->real : 0.0, z ? z->real : 0.0);
+    if (!v.isZeroLength() && !sameBits(AcGePoint3d::kOrigin + v, AcGePoint3d::kOrigin + v.normal()))
+        f.keepValue(210, joined(x, y, z));
+    return v;
+}
+
+void writeNormal(ObjectWriter& w, const AcGeVector3d& n)
+{
+    if (isZAxis(n))
+        return;
+    auto fits = [&](const AcGePoint3d& p) {
+        AcGeVector3d v = p.asVector();
+        return !v.isZeroLength() && sameBits(AcGePoint3d::kOrigin + v.normal(), AcGePoint3d::kOrigin + n);
+    };
+    if (!writeKept(w, 210, fits))
+        w.out.point(210, n);
+}
+
+AcGePoint3d readOcsPoint(Fields& f, int code, const AcGeVector3d& n)
+{
+    if (isZAxis(n))
+        return f.point(code);
+    const Tag* x = f.take(code);
+    if (!x)
+        return sim::db::geom::ocsToWcs(n, AcGePoint3d::kOrigin);
+    const Tag* y = f.take(code + 10);
+    const Tag* z = f.take(code + 20);
+    f.keepValue(code, joined(x, y, z));
+    return sim::db::geom::ocsToWcs(n, AcGePoint3d(x->real, y ? y->real : 0.0, z ? z->real : 0.0));
+}
+
+void writeOcsPoint(ObjectWriter& w, int code, const AcGeVector3d& n, const AcGePoint3d& wcs)
+{
+    if (isZAxis(n)) {
+        w.out.point(code, wcs);
+        return;
+    }
+    auto fits = [&](const AcGePoint3d& ocs) { return sameBits(sim::db::geom::ocsToWcs(n, ocs), wcs); };
+    if (!writeKept(w, code, fits))
+        w.out.point(code, sim::db::geom::wcsToOcs(n, wcs));
+}
 
 AcCmColor readColor(int index, const Tag* trueColor)
 {
@@ -109,11 +203,10 @@ void writeEntity(const AcDbEntity& e, ObjectWriter& w, WriteContext& cx)
 void readTextFields(AcDbText& e, Fields& f, ReadContext& cx)
 {
     // The file keeps a text's points in its object coordinate system, the database in world ones.
-    AcGeVector3d n = f.vector(210, AcGeVector3d::kZAxis);
-    auto wcs = [&](const AcGePoint3d& p) { return isZAxis(n) ? p : sim::db::geom::ocsToWcs(n, p); };
-    e.setNormal(n);
+    e.setNormal(readNormal(f));
+    AcGeVector3d n = e.normal();
     e.setThickness(f.real(39));
-    e.setPosition(wcs(f.point(10)));
+    e.setPosition(readOcsPoint(f, 10, n));
     if (const Tag* h = f.take(40))
         e.setHeight(h->real);
     e.setTextString(f.text(1).c_str());
@@ -127,17 +220,16 @@ void readTextFields(AcDbText& e, Fields& f, ReadContext& cx)
     e.mirrorInY(flags & 4);
     e.setHorizontalMode(static_cast<AcDb::TextHorzMode>(f.int32(72)));
     if (f.has(11))
-        e.setAlignmentPoint(wcs(f.point(11)));
+        e.setAlignmentPoint(readOcsPoint(f, 11, n));
 }
 
 void writeTextFields(const AcDbText& e, ObjectWriter& w, WriteContext& cx)
 {
     w.subclass("AcDbText");
     AcGeVector3d n = e.normal();
-    auto ocs = [&](const AcGePoint3d& p) { return isZAxis(n) ? p : sim::db::geom::wcsToOcs(n, p); };
     if (e.thickness() != 0.0)
         w.out.real(39, e.thickness());
-    w.out.point(10, ocs(e.position()));
+    writeOcsPoint(w, 10, n, e.position());
     w.out.real(40, e.height());
     w.out.text(1, e.textStringConst());
     if (e.rotation() != 0.0)
@@ -146,8 +238,8 @@ void writeTextFields(const AcDbText& e, ObjectWriter& w, WriteContext& cx)
         w.out.real(41, e.widthFactor());
     if (e.oblique() != 0.0)
         w.out.real(51, degrees(e.oblique()));
-    if (const std::string& style = cx.name(e.textStyle()); !style.empty())
-        w.out.write(7, spelledName(w, 7, style));
+    const std::string& style = cx.name(e.textStyle());
+    w.out.write(7, style.empty() ? std::string_view("Standard") : spelledName(w, 7, style));
     int flags = (e.isMirroredInX() ? 2 : 0) | (e.isMirroredInY() ? 4 : 0);
     if (flags)
         w.out.integer(71, flags);
@@ -155,14 +247,13 @@ void writeTextFields(const AcDbText& e, ObjectWriter& w, WriteContext& cx)
         w.out.integer(72, e.horizontalMode());
     AcGePoint3d align = e.alignmentPoint();
     if (!e.isDefaultAlignment() || align.x != 0.0 || align.y != 0.0 || align.z != 0.0)
-        w.out.point(11, ocs(align));
-    if (!isZAxis(e.normal()))
-        w.out.point(210, e.normal());
+        writeOcsPoint(w, 11, n, align);
+    writeNormal(w, n);
 }
 
 void readMTextFields(AcDbMText& e, Fields& f, ReadContext& cx, bool embedded)
 {
-    e.setNormal(f.vector(210, AcGeVector3d::kZAxis));
+    e.setNormal(readNormal(f));
     e.setLocation(f.point(10));
     if (const Tag* h = f.take(40))
         e.setTextHeight(h->real);
@@ -229,10 +320,10 @@ void writeMTextFields(const AcDbMText& e, ObjectWriter& w, WriteContext& cx)
         all.remove_prefix(kChunk);
     }
     w.out.text(1, all);
-    if (const std::string& style = cx.name(e.textStyle()); !style.empty())
-        w.out.write(7, style);
-    if (!isZAxis(e.normal()))
-        w.out.point(210, e.normal());
+    // A text without a style reads back with Standard, as a file without one says.
+    const std::string& style = cx.name(e.textStyle());
+    w.out.write(7, style.empty() ? std::string_view("Standard") : std::string_view(style));
+    writeNormal(w, e.normal());
     w.out.point(11, e.direction());
     if (e.lineSpacingFactor() != 1.0)
         w.out.real(44, e.lineSpacingFactor());

@@ -45,6 +45,16 @@ void writeBlockBeginFields(const AcDbBlockBegin& e, ObjectWriter& w, WriteContex
 /// The flags of a block's BLOCK record.
 int blockFlags(const AcDbBlockTableRecord& btr);
 
+/// The extrusion direction (210) as the file writes it; the database keeps it of unit length, so a
+/// longer one is kept as written for the writer.
+AcGeVector3d readNormal(Fields& f);
+void writeNormal(ObjectWriter& w, const AcGeVector3d& n);
+/// A point the file keeps in the object coordinate system of the normal n (n as the database keeps
+/// it) and the database in world coordinates. With another normal than the Z axis the point is kept
+/// as written, so that an unchanged entity writes the same text again.
+AcGePoint3d readOcsPoint(Fields& f, int code, const AcGeVector3d& n);
+void writeOcsPoint(ObjectWriter& w, int code, const AcGeVector3d& n, const AcGePoint3d& wcs);
+
 /// Whether a block reference has attributes that are not erased (66 1 and what follows).
 bool hasLiveAttributes(const AcDbBlockReference& ref);
 

@@ -162,7 +162,7 @@ std::string encodeCarets(std::string text)
 {
     size_t n = 0;
     for (char c : text)
-        if (static_cast<unsigned char>(c) < 0x20)
+        if (static_cast<unsigned char>(c) < 0x20 || c == '^')
             ++n;
     if (n == 0)
         return text;
@@ -172,6 +172,8 @@ std::string encodeCarets(std::string text)
         if (static_cast<unsigned char>(c) < 0x20) {
             out.push_back('^');
             out.push_back(static_cast<char>(c + 0x40));
+        } else if (c == '^') {
+            out += "^ "; // a caret of its own, not an escape
         } else {
             out.push_back(c);
         }

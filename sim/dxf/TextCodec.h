@@ -13,7 +13,7 @@ bool isKnownCodePage(std::string_view codePage);
 std::string decodeCodePage(std::string_view text, std::string_view codePage);
 /// \U+XXXX (four hexadecimal digits) to the character in UTF-8; other backslashes stay.
 std::string decodeUnicodeEscapes(std::string_view text);
-/// Control characters to caret escapes, for a value on one line.
+/// Control characters to caret escapes, and a caret to "^ ", for a value on one line.
 std::string encodeCarets(std::string text);
 /// Caret escapes back to the characters.
 std::string decodeCarets(std::string_view text);

@@ -1,0 +1,145 @@
+// A file that cannot be read gives one error with its line and leaves the database empty, as it
+// was; on disk, a failed read or write leaves files as they were.
+#include "DxfFixture.h"
+
+#include <filesystem>
+#include <fstream>
+#include <unistd.h>
+
+#include "dbents.h"
+#include "sim/core/Session.h"
+
+using namespace dxftest;
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The error of reading the text into a new database, which must then be empty again.
+std::string failure(const std::string& text, int* line = nullptr)
+{
+    AcDbDatabase db(false, true);
+    try {
+        sim::dxf::readDxf(db, text);
+    } catch (const sim::dxf::DxfError& e) {
+        if (line)
+            *line = e.line();
+        int objects = 0;
+        sim::db::forEachObject(&db, [&](AcDbObject*) { ++objects; });
+        EXPECT_EQ(objects, 0) << "half loaded after: " << e.what();
+        return e.what();
+    }
+    return std::string();
+}
+
+/// The number of the line where a piece of text begins.
+int lineOf(const std::string& text, const std::string& piece)
+{
+    size_t at = text.find(piece);
+    return 1 + static_cast<int>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), '\n'));
+}
+
+std::string drawing()
+{
+    AcDbDatabase db;
+    auto* l = new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 1, 0));
+    AcDbBlockTableRecordPointer(ACDB_MODEL_SPACE, &db, AcDb::kForWrite)->appendAcDbEntity(l);
+    l->close();
+    return write(db);
+}
+
+std::string readFile(const fs::path& p)
+{
+    std::ifstream in(p, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+} // namespace
+
+class DamagedFile : public DxfTest {};
+
+TEST_F(DamagedFile, EachFaultNamesItsLine)
+{
+    const std::string good = drawing();
+    int line = 0;
+
+    std::string badNumber = good;
+    size_t at = badNumber.find(" 10\n0.0\n", badNumber.find("\nLINE\n"));
+    badNumber.replace(at, 8, " 10\n0,5\n");
+    EXPECT_NE(failure(badNumber, &line).find("is not a number"), std::string::npos);
+    EXPECT_EQ(line, lineOf(badNumber, " 10\n0,5\n") + 1);
+
+    std::string badCode = good;
+    badCode.replace(badCode.find(" 10\n"), 4, "1x0\n");
+    EXPECT_NE(failure(badCode, &line).find("is not a group code"), std::string::npos);
+    EXPECT_EQ(line, lineOf(badCode, "1x0\n"));
+
+    std::string unclosed = good;
+    size_t entities = unclosed.find("  2\nENTITIES\n");
+    unclosed.erase(unclosed.find("  0\nENDSEC\n", entities), 11);
+    EXPECT_NE(failure(unclosed, &line).find("ENTITIES section that begins on line"), std::string::npos);
+    EXPECT_EQ(line, lineOf(unclosed, "  2\nOBJECTS\n") - 2); // the 0 SECTION that comes instead
+
+    std::string twice = good;
+    size_t lineRec = twice.find("  0\nLINE\n");
+    std::string copy = twice.substr(lineRec, twice.find("  0\n", lineRec + 4) - lineRec);
+    twice.insert(lineRec, copy);
+    EXPECT_NE(failure(twice, &line).find("is used twice"), std::string::npos);
+    EXPECT_EQ(line, lineOf(twice, "  0\nLINE\n") + static_cast<int>(std::count(copy.begin(), copy.end(), '\n')));
+
+    EXPECT_NE(failure(good.substr(0, good.size() - 8)).find("without its EOF"), std::string::npos);
+    EXPECT_NE(failure("AutoCAD Binary DXF\r\n\x1a").find("binary"), std::string::npos);
+    EXPECT_NE(failure("  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1009\n  0\nENDSEC\n  0\nEOF\n").find("AC1009"),
+              std::string::npos);
+}
+
+TEST_F(DamagedFile, ACutAnywhereIsRefusedWithoutACrash)
+{
+    // Cut at every point of the file's first lines and its last ones; every cut is an error.
+    const std::string good = drawing();
+    for (size_t n = 1; n < good.size() - 4; n += (n < 2000 || n > good.size() - 2000) ? 7 : 997) {
+        std::string cut = good.substr(0, n);
+        if (cut.size() >= 5 && cut.compare(cut.size() - 5, 5, "\nEOF\n") == 0)
+            continue;
+        EXPECT_FALSE(failure(cut).empty()) << "a cut at " << n << " was read";
+    }
+}
+
+TEST_F(DamagedFile, OnDiskTheOldFilesStay)
+{
+    fs::path dir = fs::temp_directory_path() / ("togu_dxf_files_" + std::to_string(::getpid()));
+    fs::create_directories(dir);
+    fs::path file = dir / "vykres.dxf";
+
+    AcDbDatabase db;
+    ASSERT_EQ(sim::dxf::writeDrawingFile(db, sim::fromUtf8(file.string())), "");
+    std::string firstText = readFile(file);
+    append(db, new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(5, 5, 0)));
+    // Saving again keeps the old file as the backup; no temporary file stays.
+    ASSERT_EQ(sim::dxf::writeDrawingFile(db, sim::fromUtf8(file.string())), "");
+    EXPECT_EQ(readFile(dir / "vykres.bak"), firstText);
+    EXPECT_NE(readFile(file), firstText);
+    for (const auto& entry : fs::directory_iterator(dir))
+        EXPECT_NE(entry.path().extension(), ".tmp~");
+
+    // A .dwg name stands for the .dxf of the same name, with either separator.
+    AcDbDatabase side(false, true);
+    std::wstring dwg = sim::fromUtf8(dir.string()) + L"\\vykres.dwg";
+    ASSERT_EQ(side.readDwgFile(dwg.c_str()), Acad::eOk);
+    const ACHAR* name = nullptr;
+    side.getFilename(name);
+    EXPECT_EQ(std::wstring(name), sim::db::normalizePath(dwg));
+
+    // A damaged file: the message names the line, the file stays as it was.
+    std::string text = readFile(file);
+    text.insert(text.find("  0\nENDSEC\n", text.find("  2\nENTITIES\n")), " 62\nred\n");
+    std::ofstream(dir / "damaged.dxf", std::ios::binary) << text;
+    AcDbDatabase target(false, true);
+    std::string error = sim::dxf::readDrawingFile(target, sim::fromUtf8((dir / "damaged.dxf").string()));
+    EXPECT_NE(error.find("line " + std::to_string(lineOf(text, " 62\nred\n") + 1)), std::string::npos) << error;
+    EXPECT_EQ(readFile(dir / "damaged.dxf"), text);
+    EXPECT_NE(target.readDwgFile((dir / "damaged.dxf").wstring().c_str()), Acad::eOk);
+
+    // A folder that does not exist: an error, and nothing written.
+    EXPECT_NE(sim::dxf::writeDrawingFile(db, sim::fromUtf8((dir / "none" / "x.dxf").string())), "");
+    fs::remove_all(dir);
+}
