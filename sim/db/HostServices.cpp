@@ -17,7 +17,15 @@ AcDbDatabase* g_working = nullptr;
 bool isFile(const std::wstring& path)
 {
     std::error_code ec;
-    return !path.empty() && std::filesystem::is_regular_file(std::filesystem::path(sim::toUtf8(path)), ec);
+    if (path.empty())
+        return false;
+    if (std::filesystem::is_regular_file(std::filesystem::path(sim::toUtf8(path)), ec))
+        return true;
+    // The platform keeps a drawing named .dwg as the .dxf of the same name.
+    size_t n = path.size();
+    if (n > 4 && AcString(path.substr(n - 4).c_str()).compareNoCase(L".dwg") == 0)
+        return std::filesystem::is_regular_file(std::filesystem::path(sim::toUtf8(path.substr(0, n - 4) + L".dxf")), ec);
+    return false;
 }
 } // namespace
 

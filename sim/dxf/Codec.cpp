@@ -19,7 +19,9 @@ std::string folded(std::string_view utf8)
     std::wstring w = sim::fromUtf8(utf8);
     for (wchar_t& c : w)
         c = static_cast<wchar_t>(std::towupper(static_cast<wint_t>(c)));
-    return "\x01" + sim::toUtf8(w); // kept apart from the names as written
+    std::string key(1, '\x01'); // kept apart from the names as written
+    key += sim::toUtf8(w);
+    return key;
 }
 
 struct Registry {

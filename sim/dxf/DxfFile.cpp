@@ -1,10 +1,14 @@
 // Drawing files on disk.
 #include "sim/dxf/DxfFile.h"
 
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <system_error>
 
 #include "sim/core/Session.h"
@@ -60,22 +64,88 @@ std::wstring dxfPath(const std::wstring& path)
     return path;
 }
 
+bool readFileText(const std::string& path, std::string& text)
+{
+    std::FILE* f = std::fopen(path.c_str(), "rb");
+    if (!f)
+        return false;
+    std::error_code ec;
+    auto size = fs::file_size(path, ec);
+    text.resize(ec ? 0 : static_cast<size_t>(size));
+    size_t got = text.empty() ? 0 : std::fread(text.data(), 1, text.size(), f);
+    text.resize(got);
+    // A file that grows while it is read is read to its end.
+    char buf[65536];
+    for (size_t n; (n = std::fread(buf, 1, sizeof buf, f)) > 0;)
+        text.append(buf, n);
+    bool ok = !std::ferror(f);
+    std::fclose(f);
+    return ok;
+}
+
+namespace {
+
+/// A file mapped into memory to be read once from start to end; what has been read is given back
+/// to the system as the reading goes on, so that a large drawing is not held twice.
+class MappedFile {
+public:
+    explicit MappedFile(const std::string& path)
+    {
+        int fd = ::open(path.c_str(), O_RDONLY);
+        if (fd < 0)
+            return;
+        struct stat st {};
+        if (::fstat(fd, &st) == 0 && st.st_size > 0) {
+            void* p = ::mmap(nullptr, static_cast<size_t>(st.st_size), PROT_READ, MAP_PRIVATE, fd, 0);
+            if (p != MAP_FAILED) {
+                m_data = static_cast<const char*>(p);
+                m_size = static_cast<size_t>(st.st_size);
+                ::madvise(p, m_size, MADV_SEQUENTIAL);
+            }
+        }
+        ::close(fd);
+    }
+    ~MappedFile()
+    {
+        if (m_data)
+            ::munmap(const_cast<char*>(m_data), m_size);
+    }
+    MappedFile(const MappedFile&) = delete;
+    MappedFile& operator=(const MappedFile&) = delete;
+
+    bool ok() const { return m_data != nullptr; }
+    std::string_view text() const { return std::string_view(m_data, m_size); }
+    /// The pages before the offset leave memory; read again, they come back from the file.
+    void release(size_t upTo)
+    {
+        size_t page = static_cast<size_t>(::sysconf(_SC_PAGESIZE));
+        size_t end = upTo / page * page;
+        if (end > m_released) {
+            ::madvise(const_cast<char*>(m_data) + m_released, end - m_released, MADV_DONTNEED);
+            m_released = end;
+        }
+    }
+
+private:
+    const char* m_data = nullptr;
+    size_t m_size = 0;
+    size_t m_released = 0;
+};
+
+} // namespace
+
 std::string readDrawingFile(AcDbDatabase& db, const std::wstring& path)
 {
     fs::path file = toPath(dxfPath(path));
-    std::ifstream in(file, std::ios::binary);
-    if (!in)
-        return "cannot read " + file.string();
+    MappedFile mapped(file.string());
     std::string text;
-    std::error_code ec;
-    auto size = fs::file_size(file, ec);
-    if (!ec)
-        text.reserve(static_cast<size_t>(size));
-    text.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    if (in.bad())
+    if (!mapped.ok() && !readFileText(file.string(), text))
         return "cannot read " + file.string();
     try {
-        readDxf(db, text);
+        if (mapped.ok())
+            readDxf(db, mapped.text(), [&](size_t upTo) { mapped.release(upTo); });
+        else
+            readDxf(db, text);
     } catch (const DxfError& e) {
         return file.string() + ", " + e.what();
     } catch (const std::exception& e) {

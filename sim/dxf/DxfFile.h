@@ -18,6 +18,9 @@ std::string readDrawingFile(AcDbDatabase& db, const std::wstring& path);
 /// .bak when keepBackup. Empty on success; else the reason, and the file is as it was.
 std::string writeDrawingFile(AcDbDatabase& db, const std::wstring& path, bool keepBackup = true);
 
+/// The whole file into text; false when it cannot be read.
+bool readFileText(const std::string& path, std::string& text);
+
 /// Makes the database's readDwgFile and saveAs use these files. Idempotent.
 void installFileFormat();
 /// The reason the last read or write through the database's calls failed ("" after a success).

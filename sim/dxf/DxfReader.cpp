@@ -31,7 +31,10 @@ bool isEntityCodec(const Codec* c) { return c && c->objectClass()->isDerivedFrom
 
 class Loader {
 public:
-    Loader(AcDbDatabase& db, std::string_view text) : m_db(db), m_reader(text), m_cx(&db) {}
+    Loader(AcDbDatabase& db, std::string_view text, const std::function<void(size_t)>& consumed)
+        : m_db(db), m_text(text), m_reader(text), m_cx(&db), m_consumed(consumed)
+    {
+    }
 
     void run()
     {
@@ -74,6 +77,14 @@ private:
     bool goesOn()
     {
         const Tag* t = m_reader.peek();
+        if (t && m_consumed) {
+            // What lies well behind the record that comes is read.
+            size_t at = static_cast<size_t>(t->value.data() - m_text.data());
+            if (at > m_reported + kReportEvery) {
+                m_reported = at - kReportEvery / 2;
+                m_consumed(m_reported);
+            }
+        }
         if (!t || t->is(0, "SECTION") || t->is(0, "EOF"))
             throw DxfError(t ? t->line : m_reader.line(), "the " + m_section + " section that begins on line " +
                                                               std::to_string(m_sectionLine) + " is not closed by ENDSEC");
@@ -117,15 +128,13 @@ private:
         AcDbHandle handle = m_rec.handle;
         if (handle.isNull())
             handle = AcDbHandle(m_spare++); // a record without a handle gets one above the file's
-        else if (sim::db::objectAt(&m_db, handle)) {
+        AcDbObjectId id;
+        if (Acad::ErrorStatus es = sim::db::addObject(&m_db, obj, handle, owner, id); es != Acad::eOk) {
             delete obj;
             ACHAR hex[17];
             handle.getIntoAsciiBuffer(hex);
-            throw DxfError(m_rec.line, "the handle " + sim::toUtf8(hex) + " is used twice");
-        }
-        AcDbObjectId id;
-        if (sim::db::addObject(&m_db, obj, handle, owner, id) != Acad::eOk) {
-            delete obj;
+            if (es == Acad::eHandleExists)
+                throw DxfError(m_rec.line, "the handle " + sim::toUtf8(hex) + " is used twice");
             throw DxfError(m_rec.line, "the " + str(m_rec.type) + " cannot be added to the drawing");
         }
         noteHandle(handle.value());
@@ -250,7 +259,7 @@ private:
             obj = readTagStorage(again, m_cx, true);
         }
         bool paper = m_cx.paperSpace;
-        if (owner.isNull() && m_rec.hasOwner && AcDbBlockTableRecord::cast(sim::db::objectOf(m_cx.id(m_rec.owner))))
+        if (owner.isNull() && m_rec.hasOwner && blockRecord(m_rec.owner))
             owner = m_cx.id(m_rec.owner);
         if (owner.isNull())
             owner = m_cx.find(sim::db::kBlockTable, paper ? "*Paper_Space" : "*Model_Space");
@@ -259,7 +268,7 @@ private:
         if (owner.isNull())
             m_orphans[paper ? 1 : 0].push_back(id);
         else
-            sim::db::link(sim::db::objectOf(owner), id);
+            sim::db::link(blockRecord(owner.handle()), id);
 
         const char* follower = type == "INSERT" ? "ATTRIB" : type == "POLYLINE" ? "VERTEX" : nullptr;
         if (!follower)
@@ -281,6 +290,17 @@ private:
         } else if (type == "POLYLINE") {
             throw DxfError(line, "the POLYLINE's vertices are not closed by SEQEND");
         }
+    }
+
+    /// The block record of a handle, or null; the last one is remembered, as entities come in runs
+    /// of one owner.
+    AcDbBlockTableRecord* blockRecord(AcDbHandle h)
+    {
+        if (h != m_lastOwner) {
+            m_lastOwner = h;
+            m_lastRecord = AcDbBlockTableRecord::cast(sim::db::objectOf(m_cx.id(h)));
+        }
+        return m_lastRecord;
     }
 
     /// The records that follow an entity kept as tag storage stay with it as they came.
@@ -424,9 +444,14 @@ private:
         return id;
     }
 
+    static constexpr size_t kReportEvery = 8 << 20;
+
     AcDbDatabase& m_db;
+    std::string_view m_text;
     TagReader m_reader;
     ReadContext m_cx;
+    std::function<void(size_t)> m_consumed;
+    size_t m_reported = 0;
     Record m_rec;
     HeaderValues m_header;
     std::string m_section;
@@ -436,11 +461,13 @@ private:
     Adesk::UInt64 m_spare = 1;
     int m_objectOrder = 0;
     std::vector<AcDbObjectId> m_orphans[2];
+    AcDbHandle m_lastOwner;
+    AcDbBlockTableRecord* m_lastRecord = nullptr;
 };
 
 } // namespace
 
-void readDxf(AcDbDatabase& db, std::string_view text)
+void readDxf(AcDbDatabase& db, std::string_view text, const std::function<void(size_t)>& consumed)
 {
     if (text.substr(0, 18) == "AutoCAD Binary DXF")
         throw DxfError(0, "binary DXF files are not supported; save the drawing as ASCII DXF");
@@ -451,7 +478,7 @@ void readDxf(AcDbDatabase& db, std::string_view text)
     // Before AutoCAD 2007 a file is in its code page, with \U+XXXX for other characters.
     std::string decoded;
     bool old = !version.empty() && version < "AC1021";
-    if (!isValidUtf8(text)) {
+    if ((old || version.empty()) && !isValidUtf8(text)) {
         decoded = decodeCodePage(text, codePage);
         text = decoded;
     }
@@ -460,7 +487,8 @@ void readDxf(AcDbDatabase& db, std::string_view text)
         text = decoded;
     }
     try {
-        Loader(db, text).run();
+        // Decoded text is a copy: the caller's memory is not what is read.
+        Loader(db, text, decoded.empty() ? consumed : std::function<void(size_t)>()).run();
     } catch (...) {
         sim::db::clearDatabase(&db);
         throw;

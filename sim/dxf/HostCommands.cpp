@@ -103,21 +103,15 @@ AcDbObjectId blockNamed(AcDbDatabase* db, const std::wstring& name)
     return id;
 }
 
-/// The file a block name or path stands for, found as the host's findFile finds it; empty when none.
+/// The file a block name or path stands for, found as the host's findFile finds it (a name without
+/// an extension is a drawing's); empty when none.
 std::wstring findDrawing(AcDbDatabase* db, const std::wstring& file)
 {
     std::filesystem::path p(sim::toUtf8(sim::db::normalizePath(file)));
-    std::vector<std::wstring> names;
-    if (p.has_extension())
-        names.push_back(file);
-    else
-        names = {file + L".dwg", file + L".dxf"};
-    for (const std::wstring& n : names) {
-        ACHAR found[4096];
-        for (const std::wstring& candidate : {n, dxfPath(n)})
-            if (acdbHostApplicationServices()->findFile(found, 4096, candidate.c_str(), db) == Acad::eOk)
-                return found;
-    }
+    std::wstring name = p.has_extension() ? file : file + L".dwg";
+    ACHAR found[4096];
+    if (acdbHostApplicationServices()->findFile(found, 4096, name.c_str(), db) == Acad::eOk)
+        return found;
     return std::wstring();
 }
 
@@ -163,7 +157,7 @@ void addAttributes(AcDbObjectId refId, AcDbObjectId blockId)
         std::wstring value = def->textStringConst();
         if (ask) {
             std::wstring answer;
-            std::wstring prompt = std::wstring(L"\n") + def->promptConst() + L" <" + value + L">: ";
+            std::wstring prompt = std::wstring(L"\n") + def->promptConst() + (value.empty() ? L": " : L" <" + value + L">: ");
             if (!getString(prompt, answer))
                 return;
             if (!answer.empty())
@@ -361,7 +355,7 @@ void arc()
         return;
     }
     // Counter-clockwise from start to end when the middle point turns left; else the other way.
-    bool ccw = (m.x - s.x) * (e.y - s.y) - (m.y - s.y) * (e.x - s.x) < 0;
+    bool ccw = (m.x - s.x) * (e.y - s.y) - (m.y - s.y) * (e.x - s.x) > 0;
     double from = angleOf(centre, s), to = angleOf(centre, e);
     if (ccw)
         makeArc(n, centre, centre.distanceTo(s), from, to);

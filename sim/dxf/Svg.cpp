@@ -138,6 +138,8 @@ private:
     void text(const AcGePoint3d& at, double height, double angle, const std::wstring& s, const char* anchor, Rgb rgb,
               const AcGeMatrix3d& xf)
     {
+        if (s.empty())
+            return;
         AcGeVector3d dir = xf * AcGeVector3d(std::cos(angle), std::sin(angle), 0.0);
         double scale = dir.length();
         m_labels.push_back({xf * at, height * (scale > 0 ? scale : 1.0), std::atan2(dir.y, dir.x), sim::toUtf8(s), anchor, rgb});
@@ -255,7 +257,10 @@ private:
             size_t end = all.find(L'\n', start);
             if (end == std::wstring::npos)
                 end = all.size();
-            text(at + down * (line * h * 5.0 / 3.0), h, angle, all.substr(start, end - start), anchor, rgb, xf);
+            std::wstring piece = all.substr(start, end - start);
+            if (!piece.empty() && piece.back() == L'\r')
+                piece.pop_back();
+            text(at + down * (line * h * 5.0 / 3.0), h, angle, piece, anchor, rgb, xf);
             start = end + 1;
         }
     }
@@ -303,6 +308,13 @@ private:
     std::vector<Shape> m_shapes;
     std::vector<Label> m_labels;
 };
+
+/// Appends the pieces.
+template <class... Parts>
+void put(std::string& out, const Parts&... parts)
+{
+    (out.append(parts), ...);
+}
 
 std::string num(double v)
 {
@@ -370,27 +382,24 @@ std::string Painter::svg() const
 
     // Y goes down in the picture: every y is written negated.
     std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-    out += "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"" + num(minX) + " " + num(-maxY) + " " + num(w) + " " +
-           num(h) + "\" width=\"" + num(w * pixels) + "\" height=\"" + num(h * pixels) + "\">\n";
-    out += "<rect x=\"" + num(minX) + "\" y=\"" + num(-maxY) + "\" width=\"" + num(w) + "\" height=\"" + num(h) +
-           "\" fill=\"#FFFFFF\"/>\n";
+    put(out, "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"", num(minX), " ", num(-maxY), " ", num(w), " ", num(h),
+        "\" width=\"", num(w * pixels), "\" height=\"", num(h * pixels), "\">\n");
+    put(out, "<rect x=\"", num(minX), "\" y=\"", num(-maxY), "\" width=\"", num(w), "\" height=\"", num(h),
+        "\" fill=\"#FFFFFF\"/>\n");
     out += "<g fill=\"none\" stroke-width=\"1\" stroke-linejoin=\"round\">\n";
     for (const Shape& s : m_shapes) {
         out += s.closed ? "<polygon points=\"" : "<polyline points=\"";
-        for (size_t i = 0; i < s.points.size(); ++i) {
-            if (i)
-                out += ' ';
-            out += num(s.points[i].x) + "," + num(-s.points[i].y);
-        }
-        out += "\" stroke=\"" + color(s.rgb) + "\" vector-effect=\"non-scaling-stroke\"/>\n";
+        for (size_t i = 0; i < s.points.size(); ++i)
+            put(out, i ? " " : "", num(s.points[i].x), ",", num(-s.points[i].y));
+        put(out, "\" stroke=\"", color(s.rgb), "\" vector-effect=\"non-scaling-stroke\"/>\n");
     }
     out += "</g>\n<g font-family=\"sans-serif\">\n";
     for (const Label& l : m_labels) {
-        out += "<text x=\"" + num(l.at.x) + "\" y=\"" + num(-l.at.y) + "\" font-size=\"" + num(l.height) + "\" fill=\"" +
-               color(l.rgb) + "\" text-anchor=\"" + l.anchor + "\"";
+        put(out, "<text x=\"", num(l.at.x), "\" y=\"", num(-l.at.y), "\" font-size=\"", num(l.height), "\" fill=\"",
+            color(l.rgb), "\" text-anchor=\"", l.anchor, "\"");
         if (l.angle != 0.0)
-            out += " transform=\"rotate(" + num(-l.angle * 180.0 / M_PI) + " " + num(l.at.x) + " " + num(-l.at.y) + ")\"";
-        out += ">" + escape(l.text) + "</text>\n";
+            put(out, " transform=\"rotate(", num(-l.angle * 180.0 / M_PI), " ", num(l.at.x), " ", num(-l.at.y), ")\"");
+        put(out, ">", escape(l.text), "</text>\n");
     }
     out += "</g>\n</svg>\n";
     return out;

@@ -23,7 +23,10 @@ std::string quoted(std::string_view s)
 {
     if (s.size() > 40)
         s = s.substr(0, 40);
-    return "\"" + std::string(s) + "\"";
+    std::string q(1, '"');
+    q.append(s);
+    q += '"';
+    return q;
 }
 
 } // namespace
