@@ -53,6 +53,10 @@ Acad::ErrorStatus AcDbHostApplicationServices::findFile(ACHAR* pcFullPathOut, in
     const ACHAR* own = nullptr;
     if (pDb && pDb->getFilename(own) == Acad::eOk && own && *own) {
         std::filesystem::path folder = std::filesystem::path(sim::toUtf8(own)).parent_path();
+        // A relative path counts from the drawing's folder first ("podklady/arch.dwg"), then its leaf.
+        std::filesystem::path given(sim::toUtf8(name));
+        if (given.is_relative() && given.has_parent_path())
+            candidates.push_back(sim::fromUtf8((folder / given).lexically_normal().generic_string()));
         candidates.push_back(sim::fromUtf8((folder / leaf).generic_string()));
     }
     for (const std::wstring& folder : sim::db::supportPaths())

@@ -1,24 +1,24 @@
 // The registry of codecs and the contexts of reading and writing.
 #include "sim/dxf/Codec.h"
 
-#include <cwctype>
 #include <map>
 
 #include "dbents.h"
 #include "dbmtext.h"
 #include "sim/core/Session.h"
 #include "sim/db/FileAccess.h"
+#include "sim/db/Names.h"
 
 namespace sim::dxf {
 
 namespace {
 
-/// Names of records compare without regard to case.
+/// Names of records compare without regard to case, as the database compares them.
 std::string folded(std::string_view utf8)
 {
     std::wstring w = sim::fromUtf8(utf8);
     for (wchar_t& c : w)
-        c = static_cast<wchar_t>(std::towupper(static_cast<wint_t>(c)));
+        c = sim::db::upperCase(c);
     std::string key(1, '\x01'); // kept apart from the names as written
     key += sim::toUtf8(w);
     return key;

@@ -7,7 +7,7 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <cstring>
+#include <cwchar>
 #include <filesystem>
 #include <system_error>
 
@@ -164,15 +164,21 @@ std::string writeDrawingFile(AcDbDatabase& db, const std::wstring& path, bool ke
     if (!f)
         return "cannot write " + file.string();
     bool ok = true;
+    WriteReport report;
     {
         TextTagWriter w(f);
         try {
-            writeDxf(db, w);
+            report = writeDxf(db, w);
         } catch (const std::exception&) {
             ok = false;
         }
         ok = w.flush() && ok;
     }
+    // Objects of a class no codec knows are not in the file: say so rather than lose them quietly.
+    if (auto* session = sim::Session::currentOrNull(); session && !report.skippedClasses.empty())
+        session->print(L"\n" + std::to_wstring(report.skippedClasses.size()) + L" object(s) of class " +
+                       report.skippedClasses.front() + L" and others could not be written to " +
+                       sim::fromUtf8(file.string()) + L".\n");
     ok = std::fclose(f) == 0 && ok;
     std::error_code ec;
     // The old file is copied to the backup, so that a failure below still leaves it in place.

@@ -350,11 +350,7 @@ public:
     std::string_view recordName() const override { return "ENDBLK"; }
 
 protected:
-    void readFields(AcDbBlockEnd& e, Fields& f, ReadContext&) const override
-    {
-        (void)e;
-        f.sub("AcDbBlockEnd");
-    }
+    void readFields(AcDbBlockEnd&, Fields& f, ReadContext&) const override { f.sub("AcDbBlockEnd"); }
     void writeFields(const AcDbBlockEnd&, ObjectWriter& w, WriteContext&) const override { w.subclass("AcDbBlockEnd"); }
 };
 
