@@ -93,3 +93,24 @@ TEST_F(DamagedFile, ACutAnywhereIsRefusedWithoutACrash)
         EXPECT_FALSE(failure(cut).empty()) << "a cut at " << n << " was read";
     }
 }
+
+TEST_F(DamagedFile, ScrambledBytesNeverCrashAndWhatReadsWritesAgain)
+{
+    const std::string good = drawing();
+    unsigned seed = 12345;
+    auto next = [&] { return seed = seed * 1103515245u + 12345u; };
+    const char junk[] = {'0', '5', '\n', ' ', 'A', '{', '}', '-', '.', '\r', '\x80'};
+    for (int round = 0; round < 300; ++round) {
+        std::string text = good;
+        for (int k = 0; k < 1 + round % 4; ++k)
+            text[next() % text.size()] = junk[next() % sizeof junk];
+        AcDbDatabase db(false, true);
+        try {
+            sim::dxf::readDxf(db, text);
+        } catch (const sim::dxf::DxfError&) {
+            continue;
+        }
+        std::string out = write(db);
+        EXPECT_EQ(write(*read(out)), out) << "round " << round;
+    }
+}
