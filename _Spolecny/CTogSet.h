@@ -103,3 +103,58 @@ const StdKotaStyl* NajdiStdKotaStyl(const ACHAR* nazev);
 /// Adds the catalogue name (stored spelling) of every layer whose group shares a bit with the mask to
 /// the set, and gives the number of names the set then holds, those it held before included.
 int SeznamStdHladin(int maska, std::set<AcString>& seznam);
+
+// ---------------------------------------------------------------------------------------------------
+// Standard objects in the working database: found, or created from the catalogue
+// ---------------------------------------------------------------------------------------------------
+
+class AcDbDatabase;
+class AcDbLayerTableRecord;
+class AcDbTextStyleTableRecord;
+class AcDbDimStyleTableRecord;
+class AcDbMLeaderStyle;
+
+/// Buttons of ZeptejSe: a bit of the mask is also the button's id.
+constexpr int kTlacitkoOk = 1, kTlacitkoAno = 2, kTlacitkoNe = 4, kTlacitkoZrusit = 8, kTlacitkoAnoVsem = 16,
+              kTlacitkoNeVsem = 32;
+/// Added to the answer: an answer for all (64), the tick "Již více nezobrazovat" set (128).
+constexpr int kOdpovedVsem = 64, kOdpovedZaskrtnuto = 128;
+
+// Lookups by the whole name, case ignored; the null id when missing. A table that can't be opened
+// throws "Nelze otevřít table for reading".
+AcDbObjectId IdHladiny(const ACHAR* nazev);
+AcDbObjectId IdTypuCary(const ACHAR* nazev);
+AcDbObjectId IdTextStylu(const ACHAR* nazev);
+AcDbObjectId IdKotaStylu(const ACHAR* nazev);
+AcDbObjectId IdMLeaderStylu(const ACHAR* nazev);
+
+/// The standard layer: `nazev` in, the whole layer name out. With `sPredponou` the name carries its
+/// prefix already. Creates the layer from the catalogue when missing; unlocks a locked one after asking.
+/// The null id when the layer neither exists nor is in the catalogue.
+AcDbObjectId ZiskejHladinu(AcString& nazev, bool sPredponou);
+/// Creates a layer of the record's values under the whole name.
+AcDbObjectId ZalozHladinu(const StdHladina& hladina, const ACHAR* celyNazev);
+/// A layer outside the catalogue with the caller's values (group 4); an existing one is returned as it is.
+AcDbObjectId ZalozUzivHladinu(AcString& nazev, int barva, const ACHAR* typCary, AcDb::LineWeight tloustka,
+                              bool tisknout);
+AcDbObjectId ZalozTextStyl(const StdTextStyl& styl);
+AcDbObjectId ZalozKotaStyl(const StdKotaStyl& styl);
+AcDbObjectId ZalozMLeaderStyl(const StdMLeaderStyl& styl);
+
+// Setters on a record opened for write: the sum of the statuses of their calls, 0 when all went well.
+int NastavTextStyl(const StdTextStyl& styl, AcDbTextStyleTableRecord* zaznam);
+int NastavKotaStyl(const StdKotaStyl& styl, AcDbDimStyleTableRecord* zaznam);
+int NastavMLeaderStyl(const StdMLeaderStyl& styl, AcDbMLeaderStyle* zaznam);
+int NastavHladinu(const StdHladina& hladina, AcDbLayerTableRecord* zaznam);
+/// The description "TOGU_" + group digit + "_" + name without prefix.
+int NastavPopisHladiny(const StdHladina& hladina, AcDbLayerTableRecord* zaznam);
+
+/// Loads a line type from TG_IS.lin (names beginning "_") or TG_zakladni_cary.lin.
+void NactiTypCary(const ACHAR* nazev, AcDbDatabase* db);
+/// Makes sure the drawing knows the shape file TG_IS.shx of the folder; the id of the record found.
+AcDbObjectId ZajistiStylShx(const ACHAR* adresar, AcDbDatabase* db);
+
+/// The task dialog with the buttons of the mask; gives the pressed button's id (+64 for the answers
+/// for all, +128 with the tick set).
+int ZeptejSe(const ACHAR* hlavni, const ACHAR* obsah, int tlacitka, bool zaskrtavatko, const ACHAR* ikona,
+             const ACHAR* rozsireny);

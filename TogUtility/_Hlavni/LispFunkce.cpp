@@ -1,4 +1,4 @@
-// The AutoLISP functions of the system.
+// The AutoLISP functions that reach the stores: values of the drawing, switches and paths.
 #include "StdAfx.h"
 #include "LispFunkce.h"
 #include "OkrajPrikazu.h"
@@ -37,31 +37,6 @@ int togu_nactizx_string()
     return ProvedLispFunkci([] { return LispFunkceZatimNeni(L"togu_nactizx_string"); });
 }
 
-int togu_nastav_dimstyl()
-{
-    return ProvedLispFunkci([] { return LispFunkceZatimNeni(L"togu_nastav_dimstyl"); });
-}
-
-int togu_nastav_hladinu()
-{
-    return ProvedLispFunkci([] { return LispFunkceZatimNeni(L"togu_nastav_hladinu"); });
-}
-
-int togu_nastav_mleaderstyl()
-{
-    return ProvedLispFunkci([] { return LispFunkceZatimNeni(L"togu_nastav_mleaderstyl"); });
-}
-
-int togu_nastav_textstyl()
-{
-    return ProvedLispFunkci([] { return LispFunkceZatimNeni(L"togu_nastav_textstyl"); });
-}
-
-int togu_nastav_uziv_hladinu()
-{
-    return ProvedLispFunkci([] { return LispFunkceZatimNeni(L"togu_nastav_uziv_hladinu"); });
-}
-
 int togu_nastaveni()
 {
     return ProvedLispFunkci([] { return LispFunkceZatimNeni(L"togu_nastaveni"); });
@@ -85,9 +60,4 @@ int togu_ulozdox_real()
 int togu_ulozdox_string()
 {
     return ProvedLispFunkci([] { return LispFunkceZatimNeni(L"togu_ulozdox_string"); });
-}
-
-int togu_zmen_hladinu_entity()
-{
-    return ProvedLispFunkci([] { return LispFunkceZatimNeni(L"togu_zmen_hladinu_entity"); });
 }

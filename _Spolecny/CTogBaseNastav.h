@@ -1,0 +1,63 @@
+// CTogBaseNastav: the one settings object of the application (g_pNastaveni). Global switches, the
+// first-run mark, the layer prefix, answers to questions that are not asked again until unload.
+#pragma once
+#include <cstdint>
+#include <map>
+#include "AcString.h"
+#include "adesk.h"
+#include "CTogPredpony.h"
+
+class CTogMaterial;
+class CTogSezMaterialu;
+
+/// Bits of Glob_prepinace.
+enum GlobPrepinac : std::uint32_t {
+    kVicenasobnyVyber = 1,
+    kTextJakoMText = 2,
+    kPrenastavovatHladiny = 4,
+    kPrednastavovatUchopeni = 8,
+    kAtributyNaPlose = 16,
+    kIJednoradkoveAtributy = 32,
+    kByLayerBarva = 64,
+    kByLayerTypCary = 128,
+    kByLayerTloustka = 256,
+};
+
+/// Keys of questions whose answers are remembered until unload.
+constexpr std::uint32_t kOtazkaMaterial = 1;
+constexpr std::uint32_t kOtazkaOdemknoutHladinu = 3;
+
+class CTogBaseNastav {
+public:
+    static constexpr std::uint32_t kVychoziPrepinace = 344;
+
+    /// Throws CTogException "CTogBaseNastav: Pouze jedna instance třídy je povolena." for a second one.
+    CTogBaseNastav();
+    /// Stores NASTAVENO, Glob_prepinace and the global prefix; never throws.
+    ~CTogBaseNastav();
+    CTogBaseNastav(const CTogBaseNastav&) = delete;
+    CTogBaseNastav& operator=(const CTogBaseNastav&) = delete;
+
+    /// True when the question has no remembered answer yet and is to be asked.
+    bool JeZodpovezeno(std::uint32_t klic) const;
+    /// Remembers an answer; a key that is there stays unchanged.
+    void ZapamatujOdpoved(std::uint32_t klic, std::uint32_t hodnota);
+
+    /// Runs the settings dialog (command tuset and the first-run question).
+    void SpustDialogNastaveni();
+
+    bool Prepinac(std::uint32_t bit) const { return (Glob_prepinace & bit) != 0; }
+    CTogPredpony& Predpony() { return m_predpony; }
+
+    std::uint32_t Glob_prepinace = kVychoziPrepinace;
+    Adesk::UInt8 NASTAVENO = 0;
+
+private:
+    std::map<std::uint32_t, std::uint32_t> m_odpovedi;
+    CTogMaterial* m_material = nullptr;
+    CTogSezMaterialu* m_katalog = nullptr;
+    AcString m_nazevMaterialu;
+    CTogPredpony m_predpony;
+};
+
+extern CTogBaseNastav* g_pNastaveni;
