@@ -28,6 +28,17 @@ constexpr std::uint32_t kOtazkaMaterial = 1;
 constexpr std::uint32_t kOtazkaOdemknoutHladinu = 3;
 
 class CTogBaseNastav {
+    // Marks that an instance exists. The first member, so that a second instance is refused before
+    // anything else is made, and the mark goes last.
+    class CJedinaInstance {
+    public:
+        CJedinaInstance();
+        ~CJedinaInstance();
+        CJedinaInstance(const CJedinaInstance&) = delete;
+        CJedinaInstance& operator=(const CJedinaInstance&) = delete;
+    };
+    CJedinaInstance m_jedina;
+
 public:
     static constexpr std::uint32_t kVychoziPrepinace = 344;
 

@@ -129,14 +129,17 @@ AcDbObjectId IdKotaStylu(const ACHAR* nazev);
 AcDbObjectId IdMLeaderStylu(const ACHAR* nazev);
 
 /// The standard layer: `nazev` in, the whole layer name out. With `sPredponou` the name carries its
-/// prefix already. Creates the layer from the catalogue when missing; unlocks a locked one after asking.
-/// The null id when the layer neither exists nor is in the catalogue.
+/// prefix already. Creates the layer from the catalogue when missing; unlocks a locked one after asking
+/// (a refusal throws CTogEasyExcept "Hladina je zamčená"). The null id when the layer neither exists
+/// nor is in the catalogue.
 AcDbObjectId ZiskejHladinu(AcString& nazev, bool sPredponou);
 /// Creates a layer of the record's values under the whole name.
 AcDbObjectId ZalozHladinu(const StdHladina& hladina, const ACHAR* celyNazev);
 /// A layer outside the catalogue with the caller's values (group 4); an existing one is returned as it is.
 AcDbObjectId ZalozUzivHladinu(AcString& nazev, int barva, const ACHAR* typCary, AcDb::LineWeight tloustka,
                               bool tisknout);
+/// The text style of the drawing, else created from the catalogue; the null id when it is in neither.
+AcDbObjectId ZiskejTextStyl(const ACHAR* nazev);
 AcDbObjectId ZalozTextStyl(const StdTextStyl& styl);
 AcDbObjectId ZalozKotaStyl(const StdKotaStyl& styl);
 AcDbObjectId ZalozMLeaderStyl(const StdMLeaderStyl& styl);
@@ -155,6 +158,6 @@ void NactiTypCary(const ACHAR* nazev, AcDbDatabase* db);
 AcDbObjectId ZajistiStylShx(const ACHAR* adresar, AcDbDatabase* db);
 
 /// The task dialog with the buttons of the mask; gives the pressed button's id (+64 for the answers
-/// for all, +128 with the tick set).
+/// for all, +128 with the tick set), 0 when the dialog got no answer.
 int ZeptejSe(const ACHAR* hlavni, const ACHAR* obsah, int tlacitka, bool zaskrtavatko, const ACHAR* ikona,
              const ACHAR* rozsireny);

@@ -3,6 +3,8 @@
 #pragma once
 #include "dbmain.h"
 
+class AcDbLayoutManager;
+
 class AcDbHostApplicationServices : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbHostApplicationServices);
@@ -27,6 +29,8 @@ public:
     /// The database that commands work on: the current document's, unless set otherwise.
     AcDbDatabase* workingDatabase() const;
     void setWorkingDatabase(AcDbDatabase* pDatabase);
+    /// The host's layout manager; never null.
+    AcDbLayoutManager* layoutManager() const;
 
     /// The full path of a file: the name as given if it exists, else beside the database's own file
     /// (pDb, else the working database), else in the support folders. eFileNotFound when it is

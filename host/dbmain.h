@@ -120,6 +120,8 @@ class AcDbViewportTable;
 class AcDbRegAppTable;
 class AcDbDimStyleTable;
 class AcDbTransactionManager;
+class AcDbObjectContextManager;
+class AcDbAnnotationScale;
 class AcDbEntity;
 class AcDbObject;
 struct SecurityParams;
@@ -407,8 +409,17 @@ public:
     Acad::ErrorStatus setCelweight(AcDb::LineWeight weight);
     AcDbObjectId cmleaderstyle() const;
     Acad::ErrorStatus setCmleaderstyle(AcDbObjectId objId);
+    /// 1 (true) while model space is the active layout, 0 in a paper layout. Setting it makes model
+    /// space, or the paper layout last active, the active layout.
     bool tilemode() const;
     Acad::ErrorStatus setTilemode(bool mode);
+    /// The current annotation scale (CANNOSCALE): a new copy the caller deletes; null when the
+    /// drawing's scale list lacks it.
+    AcDbAnnotationScale* cannoscale() const;
+    /// eKeyNotFound for a scale the drawing's scale list lacks (by name, case ignored).
+    Acad::ErrorStatus setCannoscale(AcDbAnnotationScale* val);
+    /// The database's collections of object contexts (its annotation scales); owned by the database.
+    AcDbObjectContextManager* objectContextManager() const;
     /// The model space UCS.
     AcGePoint3d ucsorg() const;
     AcGeVector3d ucsxdir() const;

@@ -184,6 +184,7 @@ typedef SECURITY_ATTRIBUTES* LPSECURITY_ATTRIBUTES;
 #define ERROR_INVALID_PARAMETER 87L
 #define ERROR_MOD_NOT_FOUND 126L
 #define ERROR_PROC_NOT_FOUND 127L
+#define ERROR_ALREADY_EXISTS 183L
 #define ERROR_MORE_DATA 234L
 #define ERROR_CLASS_ALREADY_EXISTS 1410L
 #define ERROR_CLASS_DOES_NOT_EXIST 1411L
@@ -197,10 +198,9 @@ void WINAPI SetLastError(DWORD dwErrCode);
 // machine file and HKEY_CURRENT_USER in a user file; a write to a machine root answers
 // ERROR_ACCESS_DENIED. Key and value names ignore case.
 //
-// Sizes are in bytes, and string data (REG_SZ, REG_EXPAND_SZ, REG_MULTI_SZ) counts 2 bytes per
-// character as on Windows, the terminating zero included. The buffer itself is an array of WCHAR:
-// a buffer of n characters is passed with the size n * 2. (WCHAR is wider than 2 bytes on this
-// platform, so sizeof of a WCHAR array overstates the room; never pass it.)
+// Sizes are in bytes, and string data (REG_SZ, REG_EXPAND_SZ, REG_MULTI_SZ) counts sizeof(WCHAR)
+// bytes per character, the terminating zero included. A WCHAR buffer is thus passed with its
+// sizeof() exactly as on Windows, and holds the same number of characters there and here.
 
 #define HKEY_CLASSES_ROOT ((HKEY)(ULONG_PTR)((LONG)0x80000000))
 #define HKEY_CURRENT_USER ((HKEY)(ULONG_PTR)((LONG)0x80000001))
@@ -418,3 +418,18 @@ DWORD WINAPI GetTickCount();
 /// success (above 32). A null file gives 2 (file not found).
 HINSTANCE WINAPI ShellExecuteW(HWND hwnd, LPCWSTR lpOperation, LPCWSTR lpFile, LPCWSTR lpParameters,
     LPCWSTR lpDirectory, INT nShowCmd);
+
+// ---------------------------------------------------------------------------------------------
+// Files and folders (fileapi.h). Paths take "\\" or "/" as separators.
+
+#define INVALID_FILE_ATTRIBUTES ((DWORD)-1)
+#define FILE_ATTRIBUTE_READONLY 0x00000001
+#define FILE_ATTRIBUTE_DIRECTORY 0x00000010
+#define FILE_ATTRIBUTE_NORMAL 0x00000080
+
+/// FILE_ATTRIBUTE_DIRECTORY for a folder, FILE_ATTRIBUTE_NORMAL (or READONLY) for a file;
+/// INVALID_FILE_ATTRIBUTES with ERROR_FILE_NOT_FOUND or ERROR_PATH_NOT_FOUND when there is none.
+DWORD WINAPI GetFileAttributesW(LPCWSTR lpFileName);
+/// Makes one folder; its parent must exist (else FALSE with ERROR_PATH_NOT_FOUND). FALSE with
+/// ERROR_ALREADY_EXISTS when the name is taken. The security attributes are ignored.
+BOOL WINAPI CreateDirectoryW(LPCWSTR lpPathName, LPSECURITY_ATTRIBUTES lpSecurityAttributes);

@@ -2,15 +2,16 @@
 #include "StdAfx.h"
 #include "CTogUtilityApp.h"
 #include "CTogAc.h"
+#include "CTogBaseNastav.h"
 #include "OkrajPrikazu.h"
 #include "TabulkaLisp.h"
 #include "TabulkaPrikazu.h"
-#include "ZatimNeni.h"
 
 namespace {
 
 constexpr const ACHAR* kVerze = L"2026";
 constexpr int kSestaveni = 4;
+constexpr const ACHAR* kNazevAplikace = L"Togovy Utility pro AutoCad";
 
 } // namespace
 
@@ -82,18 +83,33 @@ AcRx::AppRetCode CTogUtilityApp::On_kInvkSubrMsg(void* pkt)
     return AcRx::kRetOK;
 }
 
-void CTogUtilityApp::PrikazTuset() { ProvedPrikaz([] { PrikazZatimNeni(L"tuset"); }); }
+void CTogUtilityApp::PrikazTuset()
+{
+    ProvedPrikaz([] { g_pNastaveni->SpustDialogNastaveni(); });
+}
 
-// The settings object (g_pNastaveni) comes with the registry and drawing stores; until then these
-// three places hold no work.
-
-// Creates the one settings object; it reads the prefix, NASTAVENO and Glob_prepinace.
-void CTogUtilityApp::ZalozNastaveni() {}
+// Creates the one settings object; it reads the prefix, NASTAVENO and Glob_prepinace. A second one
+// throws, and the first stays in place.
+void CTogUtilityApp::ZalozNastaveni() { g_pNastaveni = new CTogBaseNastav; }
 
 // On the first run (NASTAVENO 0) asks whether to open the settings dialog.
-void CTogUtilityApp::NabidniNastaveniPriPrvnimSpusteni() {}
+void CTogUtilityApp::NabidniNastaveniPriPrvnimSpusteni()
+{
+    if (g_pNastaveni->NASTAVENO != 0)
+        return;
+    int odpoved = MessageBoxW(adsw_acadMainWnd(),
+                              L"První spuštění - není nastavena např. předpona pro hladiny\n"
+                              L"Spustit dialog nastavení Utilit?",
+                              kNazevAplikace, MB_YESNO | MB_ICONQUESTION);
+    if (odpoved == IDYES)
+        g_pNastaveni->SpustDialogNastaveni();
+}
 
 // Destroys the settings object, which stores its values in the registry.
-void CTogUtilityApp::ZrusNastaveni() {}
+void CTogUtilityApp::ZrusNastaveni()
+{
+    delete g_pNastaveni;
+    g_pNastaveni = nullptr;
+}
 
 IMPLEMENT_ARX_ENTRYPOINT(CTogUtilityApp)

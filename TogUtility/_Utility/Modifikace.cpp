@@ -4,6 +4,17 @@
 #include "Modifikace.h"
 #include "OkrajPrikazu.h"
 #include "_Hlavni/ZatimNeni.h"
+#include "CTogBaseNastav.h"
+#include "PrevodyVykresu.h"
+
+namespace {
+
+AcDbDatabase* PracovniDatabaze() { return acdbHostApplicationServices()->workingDatabase(); }
+
+// Model space, layouts and block definitions.
+constexpr int kCelyVykres = CTogCmd::kModelSpace | CTogCmd::kLayouty | CTogCmd::kDefiniceBloku;
+
+} // namespace
 
 void PrikazCa() { ProvedPrikaz([] { PrikazZatimNeni(L"ca"); }); }
 
@@ -13,20 +24,61 @@ void PrikazRak() { ProvedPrikaz([] { PrikazZatimNeni(L"rak"); }); }
 
 void PrikazMat() { ProvedPrikaz([] { PrikazZatimNeni(L"mat"); }); }
 
-void PrikazZ0() { ProvedPrikaz([] { PrikazZatimNeni(L"z0"); }); }
+void PrikazZ0()
+{
+    ProvedPrikaz([] {
+        TogUPrevodZNaNulu prevod(PracovniDatabaze());
+        prevod.ProjdiDwg(kCelyVykres, true, 1);
+    });
+}
 
-void PrikazKub() { ProvedPrikaz([] { PrikazZatimNeni(L"kub"); }); }
+void PrikazKub()
+{
+    ProvedPrikaz([] {
+        TogUPrevodnikHacku prevod(PracovniDatabaze());
+        prevod.ProjdiDwg(kCelyVykres, true, 1);
+    });
+}
 
 void PrikazTv() { ProvedPrikaz([] { PrikazZatimNeni(L"tv"); }); }
 
-void PrikazSsa() { ProvedPrikaz([] { PrikazZatimNeni(L"ssa"); }); }
+void PrikazSsa()
+{
+    ProvedPrikaz([] {
+        ads_real modifikator = 1.0;
+        if (acedGetReal(L"\nZadej modifikátor pro úpravu měřítka typu čar:", &modifikator) != RTNORM)
+            return;
+        TogUZmenMeritkoLT zmena(PracovniDatabaze(), modifikator, g_pNastaveni->Glob_prepinace);
+        zmena.ProjdiDwg(kCelyVykres, true, 1);
+    });
+}
 
-void PrikazLt1() { ProvedPrikaz([] { PrikazZatimNeni(L"lt1"); }); }
+void PrikazLt1()
+{
+    ProvedPrikaz([] {
+        acutPrintf(L"\nNastavuji LTScale na 1, MSLTScale na 1");
+        AcDbDatabase* db = PracovniDatabaze();
+        db->setLtscale(1.0);
+        db->setMsltscale(true);
+        TogUZmenLTScaleNaJedna zmena(db, g_pNastaveni->Glob_prepinace);
+        zmena.ProjdiDwg(kCelyVykres, true, 1);
+    });
+}
 
 void PrikazMtcf() { ProvedPrikaz([] { PrikazZatimNeni(L"mtcf"); }); }
 
 void PrikazEd() { ProvedPrikaz([] { PrikazZatimNeni(L"ed"); }); }
 
-void PrikazSmazTexty() { ProvedPrikaz([] { PrikazZatimNeni(L"SMAZTEXTY"); }); }
+void PrikazSmazTexty()
+{
+    ProvedPrikaz([] {
+        ACHAR hledany[256] = {};
+        if (acedGetString(1, L"\nZadej text - všechny entity obsahující zadaný text budou smazány (pouze viditelné texty): ",
+                          hledany, 256) != RTNORM)
+            return;
+        SmazTextObsahujici mazani(PracovniDatabaze(), hledany);
+        mazani.ProjdiDwg(CTogCmd::kModelSpace, true, 1);
+    });
+}
 
 void PrikazCmm() { ProvedPrikaz([] { PrikazZatimNeni(L"cmm"); }); }

@@ -130,7 +130,8 @@ struct resbuf* acutBuildList(int rtype, ...)
     va_start(ap, rtype);
     resbuf* head = nullptr;
     resbuf* tail = nullptr;
-    for (int type = rtype; type != 0; type = va_arg(ap, int)) {
+    // The list ends at 0 or, as the host also takes it, at RTNONE.
+    for (int type = rtype; type != 0 && type != RTNONE; type = va_arg(ap, int)) {
         // RTDXF0 stands for group code 0, which would otherwise end the list.
         resbuf* rb = acutNewRb(type == RTDXF0 ? 0 : type);
         switch (rbKind(type)) {

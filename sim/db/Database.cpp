@@ -5,7 +5,10 @@
 #include <cwchar>
 
 #include "dbapserv.h"
+#include "dblayout.h"
+#include "sim/db/FileAccess.h"
 #include "sim/db/ImpDatabase.h"
+#include "sim/db/Scale.h"
 #include "sim/db/Transactions.h"
 
 using sim::db::TableKind;
@@ -299,6 +302,23 @@ Acad::ErrorStatus AcDbDatabase::setTilemode(bool mode)
     return Acad::eOk;
 }
 
+AcDbAnnotationScale* AcDbDatabase::cannoscale() const
+{
+    return sim::db::copyOfScale(sim::db::findScale(this, mpImpDb->header.cannoscale));
+}
+Acad::ErrorStatus AcDbDatabase::setCannoscale(AcDbAnnotationScale* val)
+{
+    AcString name;
+    if (!val || val->getName(name) != Acad::eOk)
+        return Acad::eInvalidInput;
+    AcDbObjectId id = sim::db::findScale(this, name.constPtr());
+    if (id.isNull())
+        return Acad::eKeyNotFound;
+    mpImpDb->header.cannoscale = static_cast<sim::db::Scale*>(sim::db::objectOf(id))->name;
+    return Acad::eOk;
+}
+AcDbObjectContextManager* AcDbDatabase::objectContextManager() const { return mpImpDb->contexts.get(); }
+
 AcGePoint3d AcDbDatabase::ucsorg() const { return mpImpDb->header.ucsorg; }
 AcGeVector3d AcDbDatabase::ucsxdir() const { return mpImpDb->header.ucsxdir; }
 AcGeVector3d AcDbDatabase::ucsydir() const { return mpImpDb->header.ucsydir; }
@@ -384,5 +404,8 @@ AcDbObjectId AcDbDatabase::byBlockLinetype() const { return recordByName(mpImpDb
 AcDbObjectId AcDbDatabase::layerZero() const { return recordByName(mpImpDb, sim::db::kLayerTable, L"0"); }
 AcDbObjectId AcDbDatabase::currentSpaceId() const
 {
+    if (!tilemode())
+        if (auto* layout = AcDbLayout::cast(sim::db::objectOf(mpImpDb->activePaperLayout)); layout && !layout->isErased())
+            return layout->getBlockTableRecordId();
     return recordByName(mpImpDb, sim::db::kBlockTable, tilemode() ? ACDB_MODEL_SPACE : ACDB_PAPER_SPACE);
 }

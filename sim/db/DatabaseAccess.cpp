@@ -44,6 +44,18 @@ TableKind kindOf(const AcDbObject* obj)
 
 DatabaseExtras& extras(AcDbDatabase* db) { return AcDbImpDatabase::of(db)->extras; }
 
+std::wstring cannoscaleName(const AcDbDatabase* db)
+{
+    AcDbImpDatabase* imp = AcDbImpDatabase::of(db);
+    return imp ? imp->header.cannoscale : std::wstring();
+}
+
+void setCannoscaleName(AcDbDatabase* db, const std::wstring& name)
+{
+    if (AcDbImpDatabase* imp = AcDbImpDatabase::of(db); imp && !name.empty())
+        imp->header.cannoscale = name;
+}
+
 void forEachObject(AcDbDatabase* db, const std::function<void(AcDbObject*)>& fn)
 {
     AcDbImpDatabase* imp = AcDbImpDatabase::of(db);

@@ -53,6 +53,16 @@ Acad::ErrorStatus addObject(AcDbDatabase* db, AcDbObject* obj, AcDbHandle handle
 /// eWrongObjectType when the owner holds no such children.
 Acad::ErrorStatus link(AcDbObject* owner, AcDbObjectId child, const std::wstring& name = std::wstring());
 
+/// CANNOSCALE as the drawing file keeps it: the name of the current annotation scale, whether or
+/// not the scale list holds it yet.
+std::wstring cannoscaleName(const AcDbDatabase* db);
+void setCannoscaleName(AcDbDatabase* db, const std::wstring& name);
+
+/// Gives a multileader of the database what it names as null (its style, line type and text style)
+/// from the database's current multileader style, as the host does on adding one. No change for
+/// another object or one that names them all.
+void completeMLeader(AcDbObject* obj);
+
 AcDbObjectId tableId(AcDbDatabase* db, TableKind kind);
 void setTableId(AcDbDatabase* db, TableKind kind, AcDbObjectId id);
 void setNamedObjectsDictionaryId(AcDbDatabase* db, AcDbObjectId id);

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "dbxrecrd.h"
+#include "sim/db/Scale.h"
 #include "sim/db/Transactions.h"
 
 namespace {
@@ -34,7 +35,9 @@ std::wstring newGuid()
 
 } // namespace
 
-AcDbImpDatabase::AcDbImpDatabase(AcDbDatabase* s) : self(s), transactions(std::make_unique<sim::db::TransactionManager>(*this))
+AcDbImpDatabase::AcDbImpDatabase(AcDbDatabase* s)
+    : self(s), transactions(std::make_unique<sim::db::TransactionManager>(*this)),
+      contexts(std::make_unique<AcDbObjectContextManager>(s))
 {
     liveDatabases().insert(s);
     header.fingerprint = newGuid();
@@ -172,6 +175,33 @@ void AcDbImpDatabase::setErased(AcDbObject* obj, bool erased)
         }
 }
 
+void AcDbImpDatabase::addUsualScales(AcDbObjectId list)
+{
+    // The usual scales of drawings in millimetres, under the keys the host gives them.
+    const struct {
+        const wchar_t* name;
+        double paper, drawing;
+    } usual[] = {{L"1:1", 1, 1},     {L"1:2", 1, 2},     {L"1:5", 1, 5},       {L"1:10", 1, 10},
+                 {L"1:20", 1, 20},   {L"1:25", 1, 25},   {L"1:50", 1, 50},     {L"1:100", 1, 100},
+                 {L"1:200", 1, 200}, {L"1:500", 1, 500}, {L"1:1000", 1, 1000}, {L"2:1", 2, 1},
+                 {L"5:1", 5, 1},     {L"10:1", 10, 1}};
+    auto* dict = AcDbDictionary::cast(find(list.handle()));
+    if (!dict)
+        return;
+    int n = 0;
+    for (const auto& u : usual) {
+        auto* scale = new sim::db::Scale;
+        scale->name = u.name;
+        scale->paperUnits = u.paper;
+        scale->drawingUnits = u.drawing;
+        scale->unitScale = u.paper == u.drawing;
+        imp(scale)->reactors.push_back(list);
+        AcDbObjectId id;
+        addObject(scale, list, id, AcDbHandle(), false);
+        entries(dict).emplace_back(L"A" + std::to_wstring(n++), id);
+    }
+}
+
 void AcDbImpDatabase::buildDefaultDrawing()
 {
     using namespace sim::db;
@@ -242,6 +272,8 @@ void AcDbImpDatabase::buildDefaultDrawing()
         AcDbObjectId id;
         addObject(new AcDbDictionary, namedObjects, id, AcDbHandle(), false);
         entries(nod).emplace_back(key, id);
+        if (std::wstring(key) == L"ACAD_SCALELIST")
+            addUsualScales(id);
     }
 
     header.celtype = byLayerId;

@@ -7,6 +7,8 @@
 #include <set>
 #include <string>
 #include <vector>
+#include "dbAnnotationScale.h"
+#include "dbObjectContextManager.h"
 #include "dbdict.h"
 #include "dbents.h"
 #include "dbmain.h"
@@ -35,6 +37,8 @@ struct Header {
     AcGeVector3d ucsxdir = AcGeVector3d::kXAxis, ucsydir = AcGeVector3d::kYAxis;
     AcGeVector3d pucsxdir = AcGeVector3d::kXAxis, pucsydir = AcGeVector3d::kYAxis;
     std::wstring fingerprint;
+    /// CANNOSCALE: the name of the current annotation scale.
+    std::wstring cannoscale = L"1:1";
 };
 } // namespace sim::db
 
@@ -66,6 +70,8 @@ public:
 
     /// Builds what every drawing needs.
     void buildDefaultDrawing();
+    /// Fills a new drawing's scale list (a dictionary of this database).
+    void addUsualScales(AcDbObjectId list);
 
     // Access to the private parts of the host's classes.
     static std::vector<AcDbObjectId>& records(AcDbSymbolTable* t) { return t->m_records; }
@@ -87,6 +93,11 @@ public:
     static AcDbObjectId& linetypeId(AcDbLayerTableRecord* r) { return r->m_linetype; }
     static AcDbMText*& mtext(AcDbAttribute* a) { return a->m_mtext; }
     static AcDbMText*& mtext(AcDbAttributeDefinition* a) { return a->m_mtext; }
+    static void setScaleIdentity(AcDbAnnotationScale& s, Adesk::LongPtr id, AcDbDatabase* db)
+    {
+        s.m_id = id;
+        s.m_db = db;
+    }
 
     AcDbDatabase* self;
     std::map<Adesk::UInt64, std::unique_ptr<AcDbObject>> objects;
@@ -97,6 +108,9 @@ public:
     std::wstring fileName;
     sim::db::DatabaseExtras extras;
     std::unique_ptr<sim::db::TransactionManager> transactions;
+    std::unique_ptr<AcDbObjectContextManager> contexts;
+    /// The paper layout (LAYOUT object) last made active; null until one is.
+    AcDbObjectId activePaperLayout;
     /// Objects that an abort took out; kept until the database goes so their pointers stay harmless.
     std::vector<std::unique_ptr<AcDbObject>> graveyard;
     /// Objects that may be changed now (open for write directly or in a transaction).

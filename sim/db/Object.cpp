@@ -36,8 +36,11 @@ Acad::ErrorStatus AcDbObject::copyFrom(const AcRxObject* pSrc)
 ACRX_DEFINE_MEMBERS(AcDbObjectIterator, AcRxObject, nullptr)
 ACRX_DEFINE_MEMBERS(AcDbDatabase, AcRxObject, nullptr)
 
-// Protocol extensions come with a later step; no class has any yet.
-AcRxObject* AcRxObject::queryX(const AcRxClass*) const { return nullptr; }
+namespace sim::db {
+AcRxObject* protocolExtension(const AcRxObject* obj, const AcRxClass* protocol);
+}
+// The protocol extensions of annotative objects (Annotative.cpp).
+AcRxObject* AcRxObject::queryX(const AcRxClass* protocolClass) const { return sim::db::protocolExtension(this, protocolClass); }
 
 // --- construction -----------------------------------------------------------------------------
 

@@ -103,5 +103,7 @@ const Codec* codecForObject(const AcDbObject& obj);
 std::vector<const Codec*> entityCodecs();
 std::vector<const Codec*> tableCodecs();
 std::vector<const Codec*> objectCodecs();
+/// Scales, layouts, multileaders and their styles, dimensions.
+std::vector<const Codec*> annotationCodecs();
 
 } // namespace sim::dxf

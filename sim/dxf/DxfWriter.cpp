@@ -40,6 +40,12 @@ const ClassInfo kClasses[] = {
     {"TABLESTYLE", "AcDbTableStyle", "ObjectDBX Classes", 4095, false},
     {"MLEADERSTYLE", "AcDbMLeaderStyle", "ACDB_MLEADERSTYLE_CLASS", 4095, false},
     {"MULTILEADER", "AcDbMLeader", "ACDB_MLEADER_CLASS", 3071, true},
+    {"ACDB_TEXTOBJECTCONTEXTDATA_CLASS", "AcDbTextObjectContextData", "ObjectDBX Classes", 1153, false},
+    {"ACDB_MTEXTOBJECTCONTEXTDATA_CLASS", "AcDbMTextObjectContextData", "ObjectDBX Classes", 1153, false},
+    {"ACDB_ALDIMOBJECTCONTEXTDATA_CLASS", "AcDbAlignedDimensionObjectContextData", "ObjectDBX Classes", 1153, false},
+    {"ACDB_RDIMOBJECTCONTEXTDATA_CLASS", "AcDbRotatedDimensionObjectContextData", "ObjectDBX Classes", 1153, false},
+    {"ACDB_MLEADEROBJECTCONTEXTDATA_CLASS", "AcDbMLeaderObjectContextData", "ObjectDBX Classes", 1153, false},
+    {"ACDB_BLKREFOBJECTCONTEXTDATA_CLASS", "AcDbBlkrefObjectContextData", "ObjectDBX Classes", 1153, false},
 };
 
 bool isSpace(const std::wstring& name, const wchar_t* space)
@@ -110,6 +116,8 @@ private:
             } else if (auto* pl = AcDb2dPolyline::cast(obj)) {
                 if (sim::db::seqEndId(pl).isNull())
                     sequences.push_back(pl);
+            } else {
+                sim::db::completeMLeader(obj);
             }
         });
         auto addChild = [&](AcDbObject* owner, AcDbEntity* child) {
@@ -162,7 +170,7 @@ private:
                 declared.insert(kept[i + 1].value);
         std::unordered_map<std::string, int> used;
         sim::db::forEachObject(&m_db, [&](AcDbObject* obj) {
-            if (live(obj) && (isTagStorage(*obj) || !sim::db::impOf(obj)->preservedTags.empty()))
+            if (live(obj))
                 ++used[recordNameOf(*obj)];
         });
         for (const ClassInfo& c : kClasses) {

@@ -144,6 +144,11 @@ const std::vector<Var>& vars()
                            if (const Tag* t = first(g, 340); t && t->integer)
                                db.setCmleaderstyle(cx.id(t->handle()));
                        }});
+        out.push_back({"$CANNOSCALE", [](TagWriter& w, AcDbDatabase& db, WriteContext&) { w.text(2, sim::db::cannoscaleName(&db)); },
+                       [](AcDbDatabase& db, const std::vector<Tag>& g, ReadContext&, Gathered&) {
+                           if (const Tag* t = first(g, 2))
+                               sim::db::setCannoscaleName(&db, decodeText(t->value));
+                       }});
         out.push_back({"$CECOLOR", [](TagWriter& w, AcDbDatabase& db, WriteContext&) {
                            AcCmColor c = db.cecolor();
                            if (c.isByLayer())

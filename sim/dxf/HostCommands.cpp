@@ -17,6 +17,10 @@
 #include "sim/core/Session.h"
 #include "sim/db/DatabaseAccess.h"
 #include "sim/db/Documents.h"
+#include "dbapserv.h"
+#include "dbdict.h"
+#include "dblayout.h"
+#include "dblaymgr.h"
 #include "sim/db/FileAccess.h"
 #include "sim/db/Geometry.h"
 #include "sim/dxf/DxfFile.h"
@@ -459,6 +463,51 @@ void mtext()
     appendToSpace(m);
 }
 
+void layout()
+{
+    AcDbDatabase* db = sim::editor::workingDb();
+    if (!db)
+        return;
+    AcDbLayoutManager* manager = acdbHostApplicationServices()->layoutManager();
+    acedInitGet(0, L"Copy Delete New Template Rename SAveas Set ?");
+    ACHAR kw[64] = L"";
+    int rc = acedGetKword(L"\nEnter layout option [Copy/Delete/New/Template/Rename/SAveas/Set/?] <set>: ", kw, 64);
+    if (rc != RTNORM && rc != RTNONE)
+        return;
+    std::wstring option = rc == RTNONE ? L"Set" : kw;
+    if (option == L"?") {
+        AcDbDictionary* dict = AcDbDictionary::cast(sim::db::objectOf(db->layoutDictionaryId()));
+        if (dict)
+            for (const auto& [key, id] : sim::db::dictionaryEntries(dict))
+                if (auto* l = AcDbLayout::cast(sim::db::objectOf(id)); l && !l->isErased()) {
+                    const ACHAR* name = nullptr;
+                    l->getLayoutName(name);
+                    say(L"Layout: %ls", name ? name : L"");
+                }
+        return;
+    }
+    if (option != L"Set") {
+        failed(L"The " + option + L" option of LAYOUT is not available here.");
+        return;
+    }
+    AcString current;
+    manager->getActiveLayoutName(current, true, db);
+    std::wstring name;
+    if (!getString(L"\nEnter layout to make current <" + std::wstring(current.constPtr()) + L">: ", name))
+        return;
+    if (name.empty())
+        return;
+    if (manager->setCurrentLayout(name.c_str(), db) != Acad::eOk) {
+        say(L"Layout \"%ls\" not found.", name.c_str());
+        return;
+    }
+    // A layout tab opens on its paper; the model tab on its viewport.
+    resbuf viewport{};
+    viewport.restype = RTSHORT;
+    viewport.resval.rint = db->tilemode() ? 2 : 1;
+    acedSetVar(L"CVPORT", &viewport);
+}
+
 } // namespace commands
 
 void addHostCommands()
@@ -471,6 +520,8 @@ void addHostCommands()
     sim::editor::HostCommands::add(L"ARC", commands::arc);
     sim::editor::HostCommands::add(L"MTEXT", commands::mtext);
     sim::editor::HostCommands::add(L"-MTEXT", commands::mtext);
+    sim::editor::HostCommands::add(L"LAYOUT", commands::layout);
+    sim::editor::HostCommands::add(L"-LAYOUT", commands::layout);
 }
 
 } // namespace sim::dxf

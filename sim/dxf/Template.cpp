@@ -6,7 +6,9 @@
 #include <string>
 
 #include "dbdict.h"
+#include "dblayout.h"
 #include "dbobjptr.h"
+#include "mleaderstyle.h"
 #include "sim/core/Session.h"
 #include "sim/db/DatabaseAccess.h"
 #include "sim/db/FileAccess.h"
@@ -107,10 +109,13 @@ sim::db::UnknownObject* unknown(const wchar_t* recordName, RawTags tags)
     return new sim::db::UnknownObject(recordName, std::move(tags));
 }
 
-/// A layout: its plot settings and the layout proper, from the DXF reference's LAYOUT.
-RawTags layoutTags(const wchar_t* name, bool model, int tabOrder, AcDbObjectId block, AcDbObjectId viewport)
+/// A layout's groups beyond its name, tab order and block, from the DXF reference's LAYOUT: its
+/// plot settings (a whole subclass) and the rest of the layout proper.
+RawTags layoutTags(bool model, AcDbObjectId viewport)
 {
     Tags t;
+    t.write(kSubclassRest, "");
+    t.write(kWholeSegment, "");
     t.write(100, "AcDbPlotSettings");
     t.write(1, "");
     t.write(2, "none_device");
@@ -137,10 +142,8 @@ RawTags layoutTags(const wchar_t* name, bool model, int tabOrder, AcDbObjectId b
     t.integer(78, 300);
     t.real(148, 0.0);
     t.real(149, 0.0);
-    t.write(100, "AcDbLayout");
-    t.text(1, name);
+    t.write(kSubclassRest, "AcDbLayout");
     t.integer(70, 1);
-    t.integer(71, tabOrder);
     t.point2d(10, 0.0, 0.0);
     t.point2d(11, 420.0, 297.0);
     t.point(12, AcGePoint3d::kOrigin);
@@ -151,7 +154,6 @@ RawTags layoutTags(const wchar_t* name, bool model, int tabOrder, AcDbObjectId b
     t.point(16, AcGeVector3d::kXAxis);
     t.point(17, AcGeVector3d::kYAxis);
     t.integer(76, 0);
-    t.handle(330, block.handle());
     if (!viewport.isNull())
         t.handle(331, viewport.handle());
     return t.tags;
@@ -179,76 +181,17 @@ void ensureLayout(AcDbDatabase& db, AcDbObjectId layouts, AcDbObjectId space, co
     auto* btr = AcDbBlockTableRecord::cast(sim::db::objectOf(space));
     if (!btr || !btr->getLayoutId().isNull())
         return;
-    AcDbObjectId id = ensureEntry(db, layouts, name, [&] { return unknown(L"LAYOUT", {}); });
-    if (auto* layout = sim::db::UnknownObject::cast(sim::db::objectOf(id)); layout && layout->tags.empty())
-        layout->tags = layoutTags(name, model, tab, space, viewport);
+    AcDbObjectId id = ensureEntry(db, layouts, name, [&] {
+        auto* layout = new AcDbLayout;
+        layout->setLayoutName(name);
+        layout->setTabOrder(tab);
+        layout->setBlockTableRecordId(space);
+        sim::db::impOf(layout)->preservedTags = layoutTags(model, viewport);
+        return layout;
+    });
     AcDbObjectPointer<AcDbBlockTableRecord> open(space, AcDb::kForWrite);
     if (open.openStatus() == Acad::eOk)
         open->setLayoutId(id);
-}
-
-/// The multileader style Standard, from the DXF reference's MLEADERSTYLE (millimetres).
-RawTags mleaderStyleTags(AcDbObjectId byBlockLinetype, AcDbObjectId standardText)
-{
-    const int byBlockColor = static_cast<int>(0xC1000000u); // colour method by block, as a signed word
-    Tags t;
-    t.write(100, "AcDbMLeaderStyle");
-    t.integer(179, 2);
-    t.integer(170, 2); // content: multi-line text
-    t.integer(171, 1);
-    t.integer(172, 0);
-    t.integer(90, 2);
-    t.real(40, 0.0);
-    t.real(41, 0.0);
-    t.integer(173, 1); // straight leader lines
-    t.integer(91, byBlockColor);
-    t.handle(340, byBlockLinetype.handle());
-    t.integer(92, -2);
-    t.integer(290, 1);
-    t.real(42, 2.0);
-    t.integer(291, 1);
-    t.real(43, 8.0);
-    t.write(3, "Standard");
-    t.real(44, 2.5);
-    t.write(300, "");
-    t.handle(342, standardText.handle());
-    t.integer(174, 1);
-    t.integer(178, 1);
-    t.integer(175, 1);
-    t.integer(176, 0);
-    t.integer(93, byBlockColor);
-    t.real(45, 2.5);
-    t.integer(292, 0);
-    t.integer(297, 0);
-    t.real(46, 4.0);
-    t.integer(94, byBlockColor);
-    t.real(47, 1.0);
-    t.real(49, 1.0);
-    t.real(140, 1.0);
-    t.integer(293, 1);
-    t.real(141, 0.0);
-    t.integer(294, 1);
-    t.integer(177, 0);
-    t.real(142, 1.0);
-    t.integer(295, 0);
-    t.integer(296, 0);
-    t.real(143, 3.75);
-    t.integer(271, 0);
-    t.integer(272, 9);
-    t.integer(273, 9);
-    return t.tags;
-}
-
-RawTags scaleTags(const char* name, double paper, double drawing)
-{
-    Tags t;
-    t.write(100, "AcDbScale");
-    t.integer(70, 0);
-    t.write(300, name);
-    t.real(140, paper);
-    t.real(141, drawing);
-    t.integer(290, paper == drawing ? 1 : 0);
-    return t.tags;
 }
 
 /// Header variables of the template that the database does not model, as the file keeps them.
@@ -375,7 +318,10 @@ void completeNewDrawing(AcDbDatabase& db)
     AcDbObjectId styles = ensureDictionary(db, nod, L"ACAD_MLEADERSTYLE");
     AcDbObjectId standardText = findRecord(db, kTextStyleTable, L"Standard");
     AcDbObjectId mleader = ensureEntry(db, styles, L"Standard", [&] {
-        return unknown(L"MLEADERSTYLE", mleaderStyleTags(db.byBlockLinetype(), standardText));
+        auto* style = new AcDbMLeaderStyle;
+        style->setLeaderLineTypeId(db.byBlockLinetype());
+        style->setTextStyleId(standardText);
+        return style;
     });
     if (db.cmleaderstyle().isNull() && !mleader.isNull())
         db.setCmleaderstyle(mleader);
@@ -393,22 +339,7 @@ void completeNewDrawing(AcDbDatabase& db)
         kept.push_back(h.tags.front());
     }
 
-    // The usual scales of drawings in millimetres.
-    AcDbObjectId scales = ensureDictionary(db, nod, L"ACAD_SCALELIST");
-    if (AcDbDictionary* list = dictionary(scales); list && list->numEntries() == 0) {
-        const struct {
-            const char* name;
-            double paper, drawing;
-        } usual[] = {{"1:1", 1, 1},     {"1:2", 1, 2},     {"1:5", 1, 5},       {"1:10", 1, 10},
-                     {"1:20", 1, 20},   {"1:25", 1, 25},   {"1:50", 1, 50},     {"1:100", 1, 100},
-                     {"1:200", 1, 200}, {"1:500", 1, 500}, {"1:1000", 1, 1000}, {"2:1", 2, 1},
-                     {"5:1", 5, 1},     {"10:1", 10, 1}};
-        int n = 0;
-        for (const auto& s : usual) {
-            std::wstring key = L"A" + std::to_wstring(n++);
-            ensureEntry(db, scales, key.c_str(), [&] { return unknown(L"SCALE", scaleTags(s.name, s.paper, s.drawing)); });
-        }
-    }
+    ensureDictionary(db, nod, L"ACAD_SCALELIST"); // the database fills a new drawing's list
 }
 
 void registerUsedApplications(AcDbDatabase& db)

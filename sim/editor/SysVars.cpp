@@ -5,7 +5,11 @@
 #include <cmath>
 #include <cwchar>
 
+#include <memory>
+
 #include "acedads.h"
+#include "dbAnnotationScale.h"
+#include "dbObjectContextManager.h"
 #include "dbpl.h"
 #include "sim/editor/DbNames.h"
 #include "sim/editor/InputParse.h"
@@ -179,7 +183,23 @@ const std::vector<VarDef>& table()
         {L"ATTDIA", T::Short, false, 0, nullptr, nullptr, 0, 1},
         {L"ATTREQ", T::Short, false, 1, nullptr, nullptr, 0, 1},
         {L"AUNITS", T::Short, true, 0},
-        {L"CANNOSCALE", T::String, false, std::wstring(L"1:1")},
+        {L"CANNOSCALE", T::String, false, 0,
+         [](AcDbDatabase& db) {
+             std::unique_ptr<AcDbAnnotationScale> scale(db.cannoscale());
+             AcString name;
+             if (scale)
+                 scale->getName(name);
+             return text(name.constPtr());
+         },
+         [](AcDbDatabase& db, const VarValue& v) {
+             auto t = asText(v);
+             AcDbObjectContextCollection* scales =
+                 db.objectContextManager()->contextCollection(ACDB_ANNOTATIONSCALES_COLLECTION);
+             if (!t || !scales)
+                 return false;
+             std::unique_ptr<AcDbObjectContext> scale(scales->getContext(AcString(std::wstring(trimmed(*t)).c_str())));
+             return scale && scales->setCurrentContext(scale.get()) == Acad::eOk;
+         }},
         {L"CECOLOR", T::String, false, 0, [](AcDbDatabase& db) { return text(colorText(db.cecolor())); },
          [](AcDbDatabase& db, const VarValue& v) {
              auto t = asText(v);

@@ -29,8 +29,8 @@ AcDbObjectId entry(AcDbObjectId dict, const wchar_t* key)
 
 std::wstring recordNameOf(AcDbObjectId id)
 {
-    auto* u = sim::db::UnknownObject::cast(sim::db::objectOf(id));
-    return u ? u->recordName : std::wstring();
+    AcDbObject* obj = sim::db::objectOf(id);
+    return obj ? sim::db::dxfName(obj) : std::wstring();
 }
 
 } // namespace

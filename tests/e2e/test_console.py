@@ -1,7 +1,10 @@
 #!/usr/bin/env python3
-"""The togu console on small scripts: the system's load banner, AutoLISP answers, the registry's
-machine file, and the exit status of the two ways a script fails (an unknown command, a prompt left
-waiting when the script ends).
+"""The togu console on small scripts: the system's load banner and its first-run question, AutoLISP
+answers, the registry's machine file, and the exit status of the two ways a script fails (an unknown
+command, a prompt left waiting when the script ends).
+
+Each run starts with an empty user registry, so the first line of every script answers the first-run
+question.
 
 Usage: test_console.py <path of togu> <source dir>
 """
@@ -30,38 +33,42 @@ def run_togu(script, *args, registry=None):
 
 class Console(unittest.TestCase):
     def test_load_banner_and_autolisp(self):
-        status, out, err = run_togu("(togu_is_debug)\n(no_such_function 1)\n(togu_is_debug\n")
+        status, out, err = run_togu("no\n(togu_is_debug)\n(no_such_function 1)\n(togu_is_debug\n")
         self.assertEqual(status, 0, err)
-        self.assertIn("Úspěšně načteny Togovy Utility verze: 2026 (pro AutoCAD 2017 až 2023) - sestavení 4", out)
+        banner = out.find("Úspěšně načteny Togovy Utility verze: 2026 (pro AutoCAD 2017 až 2023) - sestavení 4")
+        question = out.find("[Togovy Utility pro AutoCad] První spuštění - není nastavena např. předpona pro "
+                            "hladiny\nSpustit dialog nastavení Utilit?")
+        self.assertGreaterEqual(banner, 0, out)
+        self.assertGreater(question, banner, out)
         self.assertIn("Command: (togu_is_debug)\nnil\n", out)
         self.assertIn("; error: no function definition: NO_SUCH_FUNCTION\n", out)
         self.assertIn("; error: malformed list on input\n", out)
         self.assertTrue(out.endswith("Command: \n"), out[-200:])
 
     def test_unknown_command_stops_with_the_line(self):
-        status, out, err = run_togu("(togu_is_debug)\nnesmysl\n(togu_is_debug)\n")
+        status, out, err = run_togu("no\n(togu_is_debug)\nnesmysl\n(togu_is_debug)\n")
         self.assertNotEqual(status, 0)
         self.assertIn('Unknown command "NESMYSL".  Press F1 for help.', out)
-        self.assertIn("line 2", err)
+        self.assertIn("line 3", err)
         self.assertIn('Unknown command "NESMYSL"', err)
         # Nothing after the failing line runs.
         self.assertEqual(out.count("(togu_is_debug)"), 1)
 
     def test_script_ending_while_a_prompt_waits(self):
-        status, out, err = run_togu("_LINE\n0,0\n")
+        status, out, err = run_togu("no\n_LINE\n0,0\n")
         self.assertNotEqual(status, 0, out)
-        self.assertIn("line 2", err)
+        self.assertIn("line 3", err)
         self.assertIn("waiting", err)
 
     def test_empty_lines_and_cancel_at_the_command_prompt(self):
-        status, out, err = run_togu("\n^C\n\n")
+        status, out, err = run_togu("no\n\n^C\n\n")
         self.assertEqual(status, 0, err)
         self.assertEqual(out.count("Command: "), 4)
 
     def test_machine_file_points_into_the_installation(self):
         with tempfile.TemporaryDirectory() as tmp:
             reg = os.path.join(tmp, "reg")
-            status, _, err = run_togu("", registry=reg)
+            status, _, err = run_togu("no\n", registry=reg)
             self.assertEqual(status, 0, err)
             with open(os.path.join(reg, "machine.reg"), encoding="utf-8-sig") as f:
                 text = f.read()

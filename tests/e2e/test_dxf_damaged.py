@@ -20,7 +20,8 @@ SOURCE = None
 def run_togu(tmp, script, *args):
     path = os.path.join(tmp, "test.scr")
     with open(path, "w", encoding="utf-8") as f:
-        f.write(script)
+        # The first line answers the first-run question of a fresh registry.
+        f.write("no\n" + script)
     proc = subprocess.run([TOGU, *args, "-s", path, "--registry", os.path.join(tmp, "registry"),
                            "--install", os.path.join(SOURCE, "data")], capture_output=True, timeout=120, cwd=tmp)
     return proc.returncode, proc.stdout.decode("utf-8"), proc.stderr.decode("utf-8")
@@ -81,7 +82,7 @@ class Damaged(unittest.TestCase):
             status, stdout, err = run_togu(tmp, "_LINE\n0,0\n5,5\n\n_INSERT\nblok\n0,0\n", "-o", out)
             self.assertNotEqual(status, 0)
             self.assertIn("line %d" % line, err)
-            self.assertIn("test.scr, line 6", err)  # the script line of the block name
+            self.assertIn("test.scr, line 7", err)  # the script line of the block name
             self.assertEqual(digest(block), before)
             self.assertNotIn("Specify insertion point", stdout)
 

@@ -22,7 +22,8 @@ SOURCE = None
 def run_togu(tmp, script, *args):
     path = os.path.join(tmp, "test.scr")
     with open(path, "w", encoding="utf-8") as f:
-        f.write(script)
+        # The first line answers the first-run question of a fresh registry.
+        f.write("no\n" + script)
     proc = subprocess.run([TOGU, *args, "-s", path, "--registry", os.path.join(tmp, "registry"),
                            "--install", os.path.join(SOURCE, "data")], capture_output=True, timeout=120, cwd=tmp)
     return proc.returncode, proc.stdout.decode("utf-8"), proc.stderr.decode("utf-8")
@@ -179,7 +180,7 @@ class NewDrawing(unittest.TestCase):
             status, out, err = run_togu(tmp, "_INSERT\nnikde\n")
             self.assertNotEqual(status, 0)
             self.assertIn("nikde", err)
-            self.assertIn("line 2", err)
+            self.assertIn("line 3", err)
 
 
 if __name__ == "__main__":

@@ -24,7 +24,8 @@ SOURCE = None
 def run_togu(tmp, *args, script=""):
     path = os.path.join(tmp, "test.scr")
     with open(path, "w", encoding="utf-8") as f:
-        f.write(script)
+        # The first line answers the first-run question of a fresh registry.
+        f.write("no\n" + script)
     proc = subprocess.run([TOGU, *args, "-s", path, "--registry", os.path.join(tmp, "registry"),
                            "--install", os.path.join(SOURCE, "data")], capture_output=True, timeout=120)
     return proc.returncode, proc.stdout.decode("utf-8"), proc.stderr.decode("utf-8")

@@ -1,6 +1,7 @@
 // The system in its host: loading through acrxEntryPoint, the command groups and AutoLISP names it
 // registers, the units step of every opened drawing, and unloading.
 #include <map>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -168,6 +169,8 @@ TEST_F(Nacteni, AutoLispFunctionsAnswerNil)
 {
     Spust();
     ASSERT_NE(Nacti(), nullptr);
+    std::wstring pred = Zaznam();
+    // togu_is_debug answers nil without a word; togu_nastaveni without its argument says why.
     for (const wchar_t* nazev : {L"togu_is_debug", L"togu_nastaveni"}) {
         const sim::app::LispDefinition* definice = sim::app::lispFunctions().find(m_vykres, nazev);
         ASSERT_NE(definice, nullptr);
@@ -177,11 +180,14 @@ TEST_F(Nacteni, AutoLispFunctionsAnswerNil)
         EXPECT_EQ(odpoved->values.get()->restype, RTNIL);
     }
     EXPECT_EQ(Zaznam().find(L"togu_is_debug"), std::wstring::npos);
-    EXPECT_NE(Zaznam().find(L"\nFunkce togu_nastaveni zatím není v tomto sestavení k dispozici."), std::wstring::npos);
+    EXPECT_EQ(Zaznam().substr(pred.size()).rfind(L"\n!!!Špatný typ nebo počet argumentů, prototyp funkce je (togu_nastaveni", 0), 0u)
+        << sim::toUtf8(Zaznam());
 }
 
 TEST_F(Nacteni, EachCommandReachesItsOwnFunction)
 {
+    // Commands that work already; each of the others prints that it is not available, under its name.
+    const std::set<std::wstring> kHotove = {L"z0", L"kub", L"ssa", L"lt1", L"SMAZTEXTY"};
     Spust();
     ASSERT_NE(Nacti(), nullptr);
     for (const Prikaz& p : PrikazySkupiny(L"TOGU_utility")) {
@@ -190,6 +196,8 @@ TEST_F(Nacteni, EachCommandReachesItsOwnFunction)
         std::wstring vypis = Zaznam().substr(pred.size());
         if (p.globalni == L"ZobrazCTB")
             EXPECT_EQ(vypis, L"");
+        else if (kHotove.count(p.globalni))
+            EXPECT_EQ(vypis.find(L"zatím není"), std::wstring::npos) << sim::toUtf8(p.globalni);
         else
             EXPECT_EQ(vypis, L"\nPříkaz " + p.globalni + L" zatím není v tomto sestavení k dispozici.");
     }

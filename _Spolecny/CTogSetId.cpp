@@ -1,0 +1,59 @@
+// Lookups of standard objects in the working database by their whole name: layers, line types, text,
+// dimension and multileader styles.
+#include "StdAfx.h"
+#include "CTogSet.h"
+#include "CTogException.h"
+
+namespace {
+
+AcDbDatabase* PracovniDatabaze() { return acdbHostApplicationServices()->workingDatabase(); }
+
+// The id of a record of a symbol table; the name is compared as the host compares it, case ignored.
+template <class Tabulka>
+AcDbObjectId IdVTabulce(const ACHAR* nazev)
+{
+    AcDbDatabase* db = PracovniDatabaze();
+    Tabulka* tabulka = nullptr;
+    if (db == nullptr || db->getSymbolTable(tabulka, AcDb::kForRead) != Acad::eOk)
+        throw CTogException("Nelze otevřít table for reading", __LINE__, __FILE__);
+    AcDbObjectId id;
+    if (nazev == nullptr || *nazev == L'\0' || tabulka->getAt(nazev, id) != Acad::eOk)
+        id = AcDbObjectId::kNull;
+    tabulka->close();
+    return id;
+}
+
+} // namespace
+
+AcDbObjectId IdHladiny(const ACHAR* nazev) { return IdVTabulce<AcDbLayerTable>(nazev); }
+
+AcDbObjectId IdTypuCary(const ACHAR* nazev) { return IdVTabulce<AcDbLinetypeTable>(nazev); }
+
+AcDbObjectId IdTextStylu(const ACHAR* nazev) { return IdVTabulce<AcDbTextStyleTable>(nazev); }
+
+AcDbObjectId IdKotaStylu(const ACHAR* nazev) { return IdVTabulce<AcDbDimStyleTable>(nazev); }
+
+AcDbObjectId IdMLeaderStylu(const ACHAR* nazev)
+{
+    AcDbDatabase* db = PracovniDatabaze();
+    AcDbDictionary* slovnik = nullptr;
+    if (db == nullptr || db->getNamedObjectsDictionary(slovnik, AcDb::kForRead) != Acad::eOk)
+        throw CTogException("Nelze otevřít AcDbDictionary pro čtení", __LINE__, __FILE__);
+    AcDbObjectId idStylu;
+    AcDbObject* objekt = nullptr;
+    Acad::ErrorStatus es = slovnik->getAt(L"ACAD_MLEADERSTYLE", objekt, AcDb::kForRead);
+    slovnik->close();
+    // A drawing without the dictionary of multileader styles has none of them.
+    if (es == Acad::eKeyNotFound)
+        return AcDbObjectId::kNull;
+    AcDbDictionary* styly = AcDbDictionary::cast(objekt);
+    if (es != Acad::eOk || styly == nullptr) {
+        if (objekt)
+            objekt->close();
+        throw CTogException("Nelze otevřít AcDbDictionary pro čtení", __LINE__, __FILE__, es);
+    }
+    if (nazev == nullptr || *nazev == L'\0' || styly->getAt(nazev, idStylu) != Acad::eOk)
+        idStylu = AcDbObjectId::kNull;
+    styly->close();
+    return idStylu;
+}

@@ -1,0 +1,244 @@
+// CTogXRecord: values kept in the drawing, one xrecord per key in the dictionary "TOGUTILS".
+#include "StdAfx.h"
+#include "CTogXRecord.h"
+#include "CTogException.h"
+
+namespace {
+
+// Group codes of the scalar kinds.
+constexpr int kKodCelehoCisla = 90;
+constexpr int kKodPriznaku = 70;
+constexpr int kKodRetezce = 1;
+constexpr int kKodRealneho = 40;
+constexpr int kKodBodu = 10;
+
+AcDbDatabase* PracovniDatabaze() { return acdbHostApplicationServices()->workingDatabase(); }
+
+// Builds the key and stores a chain of one buffer; frees the chain when it isn't taken over.
+bool UlozJednu(const ACHAR* nazev, const ACHAR* skupina, resbuf* chain)
+{
+    if (CTogXRecord::UlozChain(CTogXRecord::Klic(nazev, skupina), chain))
+        return true;
+    acutRelRb(chain);
+    return false;
+}
+
+// Reads the chain of the key and checks the group code of its first buffer. Nothing found gives null;
+// another code frees the chain and throws. The caller frees what it gets.
+resbuf* NactiJednu(const ACHAR* nazev, const ACHAR* skupina, int kod)
+{
+    resbuf* chain = nullptr;
+    if (!CTogXRecord::NactiChain(CTogXRecord::Klic(nazev, skupina), chain))
+        return nullptr;
+    if (chain->restype != kod) {
+        acutRelRb(chain);
+        throw CTogException("Očekávaný typ proměnné XRecord neodpovídá", __LINE__, __FILE__);
+    }
+    return chain;
+}
+
+// The dictionary "TOGUTILS" open for write, made when it is missing or can't be opened for write.
+// Closes the named objects dictionary in every case.
+AcDbDictionary* OtevriSlovnikProZapis()
+{
+    AcDbDictionary* nod = nullptr;
+    if (PracovniDatabaze()->getNamedObjectsDictionary(nod, AcDb::kForWrite) != Acad::eOk)
+        throw CTogException("Nepodařilo se otevřít AcDbDictionary", __LINE__, __FILE__);
+
+    AcDbObject* objekt = nullptr;
+    if (nod->getAt(CTogXRecord::kSlovnik, objekt, AcDb::kForWrite) == Acad::eOk) {
+        if (AcDbDictionary* slovnik = AcDbDictionary::cast(objekt)) {
+            nod->close();
+            return slovnik;
+        }
+        objekt->close();
+    }
+    AcDbDictionary* novy = new AcDbDictionary;
+    AcDbObjectId id;
+    if (nod->setAt(CTogXRecord::kSlovnik, novy, id) != Acad::eOk) {
+        nod->close();
+        delete novy;
+        throw CTogException("Nepodařilo se vytvořit XRecord v AcDbDictionary", __LINE__, __FILE__);
+    }
+    nod->close();
+    return novy;
+}
+
+} // namespace
+
+AcString CTogXRecord::Klic(const ACHAR* nazev, const ACHAR* skupina)
+{
+    if (skupina == nullptr)
+        return AcString(nazev);
+    AcString klic(skupina);
+    klic += L"_";
+    klic += nazev;
+    return klic;
+}
+
+bool CTogXRecord::UlozDoX(const ACHAR* nazev, Adesk::Int32 hodnota, const ACHAR* skupina)
+{
+    return UlozJednu(nazev, skupina, acutBuildList(kKodCelehoCisla, hodnota, 0));
+}
+
+bool CTogXRecord::UlozDoX(const ACHAR* nazev, bool hodnota, const ACHAR* skupina)
+{
+    return UlozJednu(nazev, skupina, acutBuildList(kKodPriznaku, hodnota ? 1 : 0, 0));
+}
+
+bool CTogXRecord::UlozDoX(const ACHAR* nazev, const ACHAR* hodnota, const ACHAR* skupina)
+{
+    return UlozJednu(nazev, skupina, acutBuildList(kKodRetezce, hodnota ? hodnota : L"", 0));
+}
+
+bool CTogXRecord::UlozDoX(const ACHAR* nazev, double hodnota, const ACHAR* skupina)
+{
+    return UlozJednu(nazev, skupina, acutBuildList(kKodRealneho, hodnota, 0));
+}
+
+bool CTogXRecord::UlozDoX(const ACHAR* nazev, const AcGePoint3d& hodnota, const ACHAR* skupina)
+{
+    ads_point bod = {hodnota.x, hodnota.y, hodnota.z};
+    return UlozJednu(nazev, skupina, acutBuildList(kKodBodu, bod, 0));
+}
+
+bool CTogXRecord::NactiZX(const ACHAR* nazev, Adesk::Int32& hodnota, const ACHAR* skupina)
+{
+    resbuf* chain = NactiJednu(nazev, skupina, kKodCelehoCisla);
+    if (!chain)
+        return false;
+    hodnota = chain->resval.rlong;
+    acutRelRb(chain);
+    return true;
+}
+
+bool CTogXRecord::NactiZX(const ACHAR* nazev, bool& hodnota, const ACHAR* skupina)
+{
+    resbuf* chain = NactiJednu(nazev, skupina, kKodPriznaku);
+    if (!chain)
+        return false;
+    hodnota = chain->resval.rint != 0;
+    acutRelRb(chain);
+    return true;
+}
+
+bool CTogXRecord::NactiZX(const ACHAR* nazev, AcString& hodnota, const ACHAR* skupina)
+{
+    resbuf* chain = NactiJednu(nazev, skupina, kKodRetezce);
+    if (!chain)
+        return false;
+    hodnota = chain->resval.rstring ? chain->resval.rstring : L"";
+    acutRelRb(chain);
+    return true;
+}
+
+bool CTogXRecord::NactiZX(const ACHAR* nazev, double& hodnota, const ACHAR* skupina)
+{
+    resbuf* chain = NactiJednu(nazev, skupina, kKodRealneho);
+    if (!chain)
+        return false;
+    hodnota = chain->resval.rreal;
+    acutRelRb(chain);
+    return true;
+}
+
+bool CTogXRecord::NactiZX(const ACHAR* nazev, AcGePoint3d& hodnota, const ACHAR* skupina)
+{
+    resbuf* chain = NactiJednu(nazev, skupina, kKodBodu);
+    if (!chain)
+        return false;
+    hodnota.set(chain->resval.rpoint[X], chain->resval.rpoint[Y], chain->resval.rpoint[Z]);
+    acutRelRb(chain);
+    return true;
+}
+
+bool CTogXRecord::UlozChain(const ACHAR* klic, resbuf* chain)
+{
+    if (chain == nullptr)
+        return false;
+    try {
+        AcDbDictionary* slovnik = OtevriSlovnikProZapis();
+        AcDbXrecord* zaznam = new AcDbXrecord;
+        AcDbObjectId id;
+        // setAt replaces an older entry of the same key.
+        if (slovnik->setAt(klic, zaznam, id) != Acad::eOk) {
+            slovnik->close();
+            delete zaznam;
+            throw CTogException("Nepodařilo se vytvořit záznam XRecord v AcDbDictionary", __LINE__, __FILE__);
+        }
+        slovnik->close();
+        Acad::ErrorStatus es = zaznam->setFromRbChain(*chain);
+        zaznam->close();
+        if (es != Acad::eOk)
+            return false;
+        acutRelRb(chain);
+        return true;
+    } catch (const std::exception& e) {
+        ZobrazVyjimku(e);
+        return false;
+    }
+}
+
+bool CTogXRecord::NactiChain(const ACHAR* klic, resbuf*& chain)
+{
+    chain = nullptr;
+    AcDbDictionary* nod = nullptr;
+    if (PracovniDatabaze()->getNamedObjectsDictionary(nod, AcDb::kForRead) != Acad::eOk)
+        return false;
+    AcDbObject* objekt = nullptr;
+    Acad::ErrorStatus es = nod->getAt(kSlovnik, objekt, AcDb::kForRead);
+    nod->close();
+    if (es != Acad::eOk)
+        return false;
+    AcDbDictionary* slovnik = AcDbDictionary::cast(objekt);
+    if (!slovnik) {
+        objekt->close();
+        return false;
+    }
+    es = slovnik->getAt(klic, objekt, AcDb::kForRead);
+    slovnik->close();
+    if (es != Acad::eOk)
+        return false;
+    AcDbXrecord* zaznam = AcDbXrecord::cast(objekt);
+    if (!zaznam) {
+        objekt->close();
+        return false;
+    }
+    resbuf* precteny = nullptr;
+    es = zaznam->rbChain(precteny);
+    zaznam->close();
+    if (es != Acad::eOk || precteny == nullptr) {
+        acutRelRb(precteny);
+        return false;
+    }
+    chain = precteny;
+    return true;
+}
+
+bool CTogXRecord::SmazZaznam(const ACHAR* nazev)
+{
+    try {
+        AcDbDictionary* nod = nullptr;
+        if (PracovniDatabaze()->getNamedObjectsDictionary(nod, AcDb::kForWrite) != Acad::eOk)
+            throw CTogException("Nepodařilo se otevřít AcDbDictionary", __LINE__, __FILE__);
+        AcDbObject* zaznam = nullptr;
+        if (nod->getAt(nazev, zaznam, AcDb::kForWrite) != Acad::eOk) {
+            // Nothing to open: an empty dictionary takes the name, so that the erase below finds one.
+            AcDbDictionary* novy = new AcDbDictionary;
+            AcDbObjectId id;
+            if (nod->setAt(nazev, novy, id) != Acad::eOk) {
+                nod->close();
+                delete novy;
+                throw CTogException("Nepodařilo se vytvořit XRecord v AcDbDictionary", __LINE__, __FILE__);
+            }
+            zaznam = novy;
+        }
+        nod->close();
+        Acad::ErrorStatus es = zaznam->erase();
+        zaznam->close();
+        return es == Acad::eOk;
+    } catch (const std::exception& e) {
+        ZobrazVyjimku(e);
+        return false;
+    }
+}
