@@ -59,6 +59,14 @@ ProjdiDwgFce::~ProjdiDwgFce()
     ZrusTransakci(m_pDb, m_pTransakce);
 }
 
+AcDbObject* ProjdiDwgFce::Otevri(AcDbObjectId id, AcDb::OpenMode mod)
+{
+    AcDbObject* objekt = nullptr;
+    if (id.isNull() || m_pTransakce->getObject(objekt, id, mod) != Acad::eOk)
+        return nullptr;
+    return objekt;
+}
+
 void ProjdiDwgFce::Drz()
 {
     if (m_pTransakce == nullptr && m_pDb != nullptr)
@@ -184,10 +192,7 @@ ZmenHladinu::ZmenHladinu(AcDbDatabase* db, ParyId pary) : ProjdiDwgFce(db), pary
 
 Adesk::Int32 ZmenHladinu::Zpracuj(AcDbObjectId id)
 {
-    AcDbObject* objekt = nullptr;
-    if (id.isNull() || m_pTransakce->getObject(objekt, id, AcDb::kForWrite) != Acad::eOk)
-        return -1;
-    AcDbEntity* entita = AcDbEntity::cast(objekt);
+    AcDbEntity* entita = AcDbEntity::cast(Otevri(id, AcDb::kForWrite));
     if (entita == nullptr)
         return -1;
     AcDbObjectId nova = NoveId(pary, entita->layerId());
@@ -200,10 +205,7 @@ ZmenTS_DS_MLS::ZmenTS_DS_MLS(AcDbDatabase* db) : ProjdiDwgFce(db) {}
 
 Adesk::Int32 ZmenTS_DS_MLS::Zpracuj(AcDbObjectId id)
 {
-    AcDbObject* objekt = nullptr;
-    if (id.isNull() || m_pTransakce->getObject(objekt, id, AcDb::kForWrite) != Acad::eOk)
-        return -1;
-    AcDbEntity* entita = AcDbEntity::cast(objekt);
+    AcDbEntity* entita = AcDbEntity::cast(Otevri(id, AcDb::kForWrite));
     if (entita == nullptr)
         return -1;
 
@@ -242,8 +244,8 @@ CNajdiBlokRefs::CNajdiBlokRefs(AcDbDatabase* db, const ACHAR* nazev, bool castNa
 
 Adesk::Int32 CNajdiBlokRefs::Zpracuj(AcDbObjectId id)
 {
-    AcDbObject* objekt = nullptr;
-    if (id.isNull() || m_pTransakce->getObject(objekt, id, AcDb::kForRead) != Acad::eOk)
+    AcDbObject* objekt = Otevri(id, AcDb::kForRead);
+    if (objekt == nullptr)
         return -1;
     AcDbBlockReference* reference = AcDbBlockReference::cast(objekt);
     if (reference == nullptr)

@@ -5,9 +5,11 @@
 #include <vector>
 #include "AcString.h"
 #include "adesk.h"
+#include "acdb.h"
 #include "dbid.h"
 
 class AcDbDatabase;
+class AcDbObject;
 class AcTransaction;
 
 namespace CTogCmd {
@@ -42,6 +44,9 @@ public:
     void Uvolni();
 
 protected:
+    /// The object of the id through the walker's transaction; null for a null id or a failed open.
+    AcDbObject* Otevri(AcDbObjectId id, AcDb::OpenMode mod);
+
     AcTransaction* m_pTransakce = nullptr;
     AcDbDatabase* m_pDb = nullptr;
     Adesk::Int32 m_hloubka = 0;

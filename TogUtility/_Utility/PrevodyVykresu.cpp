@@ -53,8 +53,8 @@ int OpravHacky(std::wstring& text)
 
 Adesk::Int32 TogUPrevodnikHacku::Zpracuj(AcDbObjectId id)
 {
-    AcDbObject* objekt = nullptr;
-    if (id.isNull() || m_pTransakce->getObject(objekt, id, AcDb::kForRead) != Acad::eOk)
+    AcDbObject* objekt = Otevri(id, AcDb::kForRead);
+    if (objekt == nullptr)
         return -1;
     AcDbMText* mtext = AcDbMText::cast(objekt);
     if (mtext == nullptr)
@@ -71,8 +71,8 @@ Adesk::Int32 TogUPrevodnikHacku::Zpracuj(AcDbObjectId id)
 
 Adesk::Int32 TogUPrevodZNaNulu::Zpracuj(AcDbObjectId id)
 {
-    AcDbObject* objekt = nullptr;
-    if (id.isNull() || m_pTransakce->getObject(objekt, id, AcDb::kForRead) != Acad::eOk)
+    AcDbObject* objekt = Otevri(id, AcDb::kForRead);
+    if (objekt == nullptr)
         return -1;
     AcDbEntity* entita = AcDbEntity::cast(objekt);
     if (entita == nullptr)
@@ -113,10 +113,7 @@ Adesk::Int32 TogUPrevodZNaNulu::Zpracuj(AcDbObjectId id)
 
 Adesk::Int32 TogUZmenMeritkoLT::Zpracuj(AcDbObjectId id)
 {
-    AcDbObject* objekt = nullptr;
-    if (id.isNull() || m_pTransakce->getObject(objekt, id, AcDb::kForWrite) != Acad::eOk)
-        return -1;
-    AcDbEntity* entita = AcDbEntity::cast(objekt);
+    AcDbEntity* entita = AcDbEntity::cast(Otevri(id, AcDb::kForWrite));
     if (entita == nullptr)
         return -1;
     entita->setLinetypeScale(entita->linetypeScale() * modifikator, true);
@@ -126,10 +123,7 @@ Adesk::Int32 TogUZmenMeritkoLT::Zpracuj(AcDbObjectId id)
 
 Adesk::Int32 TogUZmenLTScaleNaJedna::Zpracuj(AcDbObjectId id)
 {
-    AcDbObject* objekt = nullptr;
-    if (id.isNull() || m_pTransakce->getObject(objekt, id, AcDb::kForWrite) != Acad::eOk)
-        return -1;
-    AcDbEntity* entita = AcDbEntity::cast(objekt);
+    AcDbEntity* entita = AcDbEntity::cast(Otevri(id, AcDb::kForWrite));
     if (entita == nullptr)
         return -1;
     entita->setLinetypeScale(1.0, true);
@@ -140,8 +134,8 @@ Adesk::Int32 TogUZmenLTScaleNaJedna::Zpracuj(AcDbObjectId id)
 Adesk::Int32 SmazTextObsahujici::Zpracuj(AcDbObjectId id)
 {
     try {
-        AcDbObject* objekt = nullptr;
-        if (id.isNull() || m_pTransakce->getObject(objekt, id, AcDb::kForRead) != Acad::eOk)
+        AcDbObject* objekt = Otevri(id, AcDb::kForRead);
+        if (objekt == nullptr)
             return -1;
         AcDbEntity* entita = AcDbEntity::cast(objekt);
         if (entita == nullptr)

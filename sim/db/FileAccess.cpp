@@ -18,6 +18,7 @@ void setLinetypeId(AcDbEntity* ent, AcDbObjectId id) { AcDbImpDatabase::linetype
 void setTextStyleId(AcDbText* text, AcDbObjectId id) { AcDbImpDatabase::textStyleId(text) = id; }
 void setTextStyleId(AcDbMText* text, AcDbObjectId id) { AcDbImpDatabase::textStyleId(text) = id; }
 void setBlockId(AcDbBlockReference* ref, AcDbObjectId id) { AcDbImpDatabase::blockId(ref) = id; }
+void setDimensionBlock(AcDbDimension* dim, AcDbObjectId id) { AcDbImpDatabase::dimensionBlock(dim) = id; }
 void setLinetypeId(AcDbLayerTableRecord* layer, AcDbObjectId id) { AcDbImpDatabase::linetypeId(layer) = id; }
 
 const std::vector<AcDbObjectId>& recordIds(const AcDbSymbolTable* table)

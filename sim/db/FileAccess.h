@@ -11,6 +11,8 @@
 #include "dbmtext.h"
 #include "dbsymtb.h"
 
+class AcDbDimension;
+
 namespace sim::db {
 
 /// The object an id names, without opening it; null when there is none.
@@ -26,6 +28,8 @@ void setLinetypeId(AcDbEntity* ent, AcDbObjectId id);
 void setTextStyleId(AcDbText* text, AcDbObjectId id);
 void setTextStyleId(AcDbMText* text, AcDbObjectId id);
 void setBlockId(AcDbBlockReference* ref, AcDbObjectId id);
+/// The block of a dimension's graphics.
+void setDimensionBlock(AcDbDimension* dim, AcDbObjectId id);
 void setLinetypeId(AcDbLayerTableRecord* layer, AcDbObjectId id);
 
 // What an object owns, in order, erased objects included.

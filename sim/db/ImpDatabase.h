@@ -10,6 +10,7 @@
 #include "dbAnnotationScale.h"
 #include "dbObjectContextManager.h"
 #include "dbdict.h"
+#include "dbdim.h"
 #include "dbents.h"
 #include "dbmain.h"
 #include "dbmtext.h"
@@ -90,6 +91,7 @@ public:
     static AcDbObjectId& textStyleId(AcDbText* t) { return t->m_style; }
     static AcDbObjectId& textStyleId(AcDbMText* t) { return t->m_style; }
     static AcDbObjectId& blockId(AcDbBlockReference* r) { return r->m_block; }
+    static AcDbObjectId& dimensionBlock(AcDbDimension* d) { return d->m_block; }
     static AcDbObjectId& linetypeId(AcDbLayerTableRecord* r) { return r->m_linetype; }
     static AcDbMText*& mtext(AcDbAttribute* a) { return a->m_mtext; }
     static AcDbMText*& mtext(AcDbAttributeDefinition* a) { return a->m_mtext; }

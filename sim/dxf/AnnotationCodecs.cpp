@@ -194,6 +194,13 @@ public:
         dim->setTextRotation(f.real(53) * M_PI / 180.0);
         dim->setHorizontalRotation(f.real(51) * M_PI / 180.0);
         dim->setNormal(readNormal(f));
+        if (const Tag* block = f.find(2)) {
+            AcDbObjectId id = cx.find(sim::db::kBlockTable, block->value);
+            if (!id.isNull() && sim::toUtf8(sim::db::recordName(AcDbBlockTableRecord::cast(sim::db::objectOf(id)))) == block->value) {
+                sim::db::setDimensionBlock(dim.get(), id);
+                f.take(2);
+            }
+        }
         if (const Tag* style = f.find(3)) {
             AcDbObjectId id = cx.find(sim::db::kDimStyleTable, style->value);
             if (!id.isNull()) {
@@ -220,6 +227,8 @@ public:
         w.begin("DIMENSION", dim);
         writeEntity(dim, w, cx);
         w.subclass("AcDbDimension");
+        if (const std::string& block = cx.name(dim.dimBlockId()); !block.empty())
+            w.out.write(2, block);
         w.out.point(10, dim.dimLinePoint());
         // A dimension made here has no text position until one is set; one read keeps the file's.
         bool unplaced = dim.isUsingDefaultTextPosition() && dim.textPosition() == AcGePoint3d::kOrigin;

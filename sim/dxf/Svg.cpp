@@ -9,10 +9,12 @@
 #include <memory>
 #include <vector>
 
+#include "dbdim.h"
 #include "dbents.h"
 #include "dbmtext.h"
 #include "dbpl.h"
 #include "dbsymtb.h"
+#include "mleader.h"
 #include "sim/core/Session.h"
 #include "sim/db/FileAccess.h"
 #include "sim/db/Geometry.h"
@@ -175,9 +177,64 @@ private:
             singleLine(*t, rgb, xf);
         } else if (auto* m = AcDbMText::cast(&e)) {
             multiLine(*m, rgb, xf);
+        } else if (auto* d = AcDbAlignedDimension::cast(&e)) {
+            dimension(*d, rgb, xf, depth);
+        } else if (auto* ml = AcDbMLeader::cast(&e)) {
+            multileader(*ml, rgb, xf);
         } else if (auto* u = sim::db::UnknownEntity::cast(&e)) {
             unknown(*u, rgb, xf, depth);
         }
+    }
+
+    /// A dimension draws its block; one without draws its lines and its text.
+    void dimension(const AcDbAlignedDimension& d, Rgb rgb, const AcGeMatrix3d& xf, int depth)
+    {
+        if (!d.dimBlockId().isNull()) {
+            block(d.dimBlockId(), xf, rgb, depth + 1);
+            return;
+        }
+        AcGeVector3d dir = d.xLine2Point() - d.xLine1Point();
+        if (auto* r = AcDbRotatedDimension::cast(&d))
+            dir = AcGeVector3d(std::cos(r->rotation()), std::sin(r->rotation()), 0.0);
+        if (dir.isZeroLength())
+            return;
+        dir = dir.normal();
+        auto foot = [&](const AcGePoint3d& p) { return d.dimLinePoint() + dir * (p - d.dimLinePoint()).dotProduct(dir); };
+        AcGePoint3d a = foot(d.xLine1Point()), b = foot(d.xLine2Point());
+        add({d.xLine1Point(), a}, false, rgb, xf);
+        add({d.xLine2Point(), b}, false, rgb, xf);
+        add({a, b}, false, rgb, xf);
+        double measured = 0.0;
+        const_cast<AcDbAlignedDimension&>(d).measurement(measured);
+        ACHAR* given = d.dimensionText();
+        std::wstring label = given && *given ? given : std::to_wstring(static_cast<long long>(std::lround(measured)));
+        delete[] given;
+        AcGePoint3d at = d.textPosition() == AcGePoint3d::kOrigin ? a + (b - a) * 0.5 : d.textPosition();
+        text(at, 2.5, std::atan2(dir.y, dir.x), label, "middle", rgb, xf);
+    }
+
+    /// A multileader draws its leader lines and its text.
+    void multileader(const AcDbMLeader& m, Rgb rgb, const AcGeMatrix3d& xf)
+    {
+        AcArray<int> leaders;
+        m.getLeaderIndexes(leaders);
+        for (int leader : leaders) {
+            AcArray<int> lines;
+            m.getLeaderLineIndexes(leader, lines);
+            for (int line : lines) {
+                int n = 0;
+                m.numVertices(line, n);
+                std::vector<AcGePoint3d> pts;
+                for (int i = 0; i < n; ++i) {
+                    AcGePoint3d p;
+                    if (m.getVertex(line, i, p) == Acad::eOk)
+                        pts.push_back(p);
+                }
+                add(std::move(pts), false, rgb, xf);
+            }
+        }
+        if (std::unique_ptr<AcDbMText> content(m.mtext()); content)
+            multiLine(*content, rgb, xf);
     }
 
     void lwpolyline(const AcDbPolyline& pl, Rgb rgb, const AcGeMatrix3d& xf)
