@@ -75,6 +75,22 @@ class Prefix(unittest.TestCase):
             self.assertIn("AB_kóty", names)
             self.assertIn("AB_osy", names)
 
+    def test_do_not_ask_again(self):
+        # The drawing's prefix chosen and "Příště se neptat" ticked: the next request asks nothing.
+        with tempfile.TemporaryDirectory() as tmp:
+            src, out = os.path.join(tmp, "in.dxf"), os.path.join(tmp, "out.dxf")
+            drawing_with_prefix(src)
+            script = ('no\n(togu_nastav_hladinu "kóty")\ncheck 3013 on\ncheck 3019 on\nok\n'
+                      '(togu_nastav_hladinu "osy")\n')
+            status, text, err = run_togu(tmp, script, src, out)
+            self.assertEqual(status, 0, text + err)
+            self.assertEqual(text.count("[Nastavení předpon hladin]\n"), 1, text)
+            self.assertIn('"AB_kóty"', text)
+            self.assertIn('"AB_osy"', text)
+            names = {layer.dxf.name for layer in ezdxf.readfile(out).layers}
+            self.assertIn("AB_osy", names)
+            self.assertNotIn("TU_osy", names)
+
 
 if __name__ == "__main__":
     TOGU, SOURCE = sys.argv[1], sys.argv[2]
