@@ -6,9 +6,11 @@
 #include <cstdlib>
 #include <cwchar>
 
+#include "dbdim.h"
 #include "dbents.h"
 #include "dbmtext.h"
 #include "dbpl.h"
+#include "mleader.h"
 #include "sim/db/UnknownObject.h"
 #include "sim/editor/Ucs.h"
 
@@ -225,6 +227,52 @@ void addRawBox(const sim::db::UnknownEntity& u, const AcGeMatrix3d& xform, std::
 
 } // namespace
 
+// The leader lines as drawn, then the text.
+void addMLeader(const AcDbMLeader& ml, const AcGeMatrix3d& xform, std::vector<OutlinePath>& out)
+{
+    AcArray<int> leaders;
+    ml.getLeaderIndexes(leaders);
+    for (int i = 0; i < leaders.length(); ++i) {
+        AcArray<int> lines;
+        ml.getLeaderLineIndexes(leaders[i], lines);
+        for (int j = 0; j < lines.length(); ++j) {
+            OutlinePath path;
+            int count = 0;
+            ml.numVertices(lines[j], count);
+            for (int k = 0; k < count; ++k) {
+                AcGePoint3d v;
+                if (ml.getVertex(lines[j], k, v) == Acad::eOk)
+                    path.points.push_back(xform * v);
+            }
+            if (path.points.size() > 1)
+                out.push_back(std::move(path));
+        }
+    }
+    if (AcDbMText* text = ml.mtext()) {
+        addMText(*text, xform, out);
+        delete text;
+    }
+}
+
+// Extension lines and the dimension line, through the point on the dimension line.
+void addLinearDimension(const AcDbAlignedDimension& d, const AcGeMatrix3d& xform, std::vector<OutlinePath>& out)
+{
+    AcGePoint3d a = d.xLine1Point(), b = d.xLine2Point();
+    AcGeVector3d along = b - a;
+    if (auto* r = AcDbRotatedDimension::cast(&d))
+        along = AcGeVector3d(std::cos(r->rotation()), std::sin(r->rotation()), 0.0);
+    if (along.isZeroLength())
+        return;
+    along.normalize();
+    // Feet of the two extension points on the dimension line.
+    AcGeVector3d toA = a - d.dimLinePoint(), toB = b - d.dimLinePoint();
+    AcGePoint3d footA = d.dimLinePoint() + along * toA.dotProduct(along);
+    AcGePoint3d footB = d.dimLinePoint() + along * toB.dotProduct(along);
+    OutlinePath path;
+    path.points = {xform * a, xform * footA, xform * footB, xform * b};
+    out.push_back(std::move(path));
+}
+
 AcGeMatrix3d entityCoordSystem(const AcDbEntity& e)
 {
     if (auto* c = AcDbCircle::cast(&e))
@@ -274,6 +322,10 @@ void addOutline(const AcDbEntity& e, const AcGeMatrix3d& xform, double tol, std:
         add2dPolyline(*p2, xform, out);
     } else if (auto* cv = AcDbCurve::cast(&e)) {
         addCurve(*cv, xform, out);
+    } else if (auto* ml = AcDbMLeader::cast(&e)) {
+        addMLeader(*ml, xform, out);
+    } else if (auto* dim = AcDbAlignedDimension::cast(&e)) {
+        addLinearDimension(*dim, xform, out);
     } else if (auto* u = sim::db::UnknownEntity::cast(&e)) {
         addRawBox(*u, xform, out);
     }

@@ -2,8 +2,10 @@
 // and the selection-set calls.
 #include "EditorFixture.h"
 
+#include "dbdim.h"
 #include "dbmtext.h"
 #include "dbpl.h"
+#include "mleader.h"
 #include "sim/db/UnknownObject.h"
 
 namespace {
@@ -87,6 +89,25 @@ TEST_F(SelectionTest, PickByPointTakesTheNearestAndOnTieTheLastDrawn)
     EXPECT_EQ(idOf(e), c) << "of equally near entities the one on top";
     EXPECT_EQ(acedEntSel(L"Pick: ", e, p), RTERROR) << "a pick on empty space";
     (void)a;
+}
+
+TEST_F(SelectionTest, PickByPointFindsDimensionsAndMultileaders)
+{
+    AcDbObjectId kota = add(new AcDbAlignedDimension(AcGePoint3d(0, 0, 0), AcGePoint3d(100, 0, 0), AcGePoint3d(50, 20, 0)));
+    auto* odkaz = new AcDbMLeader;
+    int cara = 0;
+    ASSERT_EQ(odkaz->setTextLocation(AcGePoint3d(250, 50, 0)), Acad::eOk);
+    ASSERT_EQ(odkaz->addLeaderLine(AcGePoint3d(200, 0, 0), cara), Acad::eOk);
+    AcDbObjectId ml = add(odkaz);
+    script("50,20\n0,10\n225,25\n");
+    ads_name e;
+    ads_point p;
+    ASSERT_EQ(acedEntSel(nullptr, e, p), RTNORM);
+    EXPECT_EQ(idOf(e), kota) << "on the dimension line";
+    ASSERT_EQ(acedEntSel(nullptr, e, p), RTNORM);
+    EXPECT_EQ(idOf(e), kota) << "on an extension line";
+    ASSERT_EQ(acedEntSel(nullptr, e, p), RTNORM);
+    EXPECT_EQ(idOf(e), ml) << "on the leader line";
 }
 
 TEST_F(SelectionTest, PickByHandleAndHiddenLayers)
