@@ -180,4 +180,22 @@ enum DxfCode {
     kDxfXdInteger32 = 1071,
 };
 
+/// Versions of the drawing format (the ones since AutoCAD 2000).
+enum AcDbDwgVersion {
+    kDHL_1015 = 23,
+    kDHL_1800a = 24,
+    kDHL_1800 = 25,
+    kDHL_2100a = 26,
+    kDHL_1021 = 27,
+    kDHL_2400a = 28,
+    kDHL_1024 = 29,
+    kDHL_2700a = 30,
+    kDHL_1027 = 31,
+    kDHL_3200a = 32,
+    kDHL_1032 = 33,
+    kDHL_CURRENT = kDHL_1032,
+    kDHL_Unknown = 32766,
+    kDHL_Max = 32767
+};
+
 } // namespace AcDb

@@ -373,6 +373,12 @@ public:
                                   const wchar_t* wszPassword = nullptr);
     /// Writes the drawing to a file (the platform writes DXF) and takes it as its file name.
     Acad::ErrorStatus saveAs(const ACHAR* fileName, const SecurityParams* pSecParams = nullptr);
+    /// As saveAs, in the version given: the platform writes AC1032 (AutoCAD 2018) only and answers
+    /// eInvalidDwgVersion for any other, writing nothing. With bBakAndRename a file already there
+    /// is kept as the .bak of the same name.
+    Acad::ErrorStatus saveAs(const ACHAR* fileName, const bool bBakAndRename,
+                             const AcDb::AcDbDwgVersion dwgVer = AcDb::kDHL_CURRENT,
+                             const SecurityParams* pSecParams = nullptr);
     Acad::ErrorStatus closeInput(bool bCloseFile = false);
     /// The file the database was read from or saved to; eNotApplicable when it has none.
     Acad::ErrorStatus getFilename(const ACHAR*& pOutput) const;

@@ -31,6 +31,9 @@ public:
     Acad::ErrorStatus getWidthsAt(unsigned int index, double& startWidth, double& endWidth) const;
     Acad::ErrorStatus setWidthsAt(unsigned int index, double startWidth, double endWidth);
     SegType segType(unsigned int index) const;
+    /// The identifier a vertex carries (DXF group 91); 0 when it has none.
+    Acad::ErrorStatus getVertexIdentifierAt(unsigned int index, Adesk::Int32& id) const;
+    Acad::ErrorStatus setVertexIdentifierAt(unsigned int index, Adesk::Int32 suggestedValue);
 
     bool isClosed() const override { return m_closed; }
     void setClosed(bool closed);
@@ -71,6 +74,7 @@ private:
         double bulge = 0.0;
         double startWidth = 0.0;
         double endWidth = 0.0;
+        Adesk::Int32 id = 0;
     };
     std::vector<Vertex> m_verts;
     bool m_closed = false;

@@ -150,11 +150,11 @@ Acad::ErrorStatus AcDbBlockTableRecord::getBlockReferenceIds(AcDbObjectIdArray& 
     if (!db)
         return Acad::eNoDatabase;
     AcDbObjectId self = objectId();
-    for (auto& [handle, obj] : db->objects) {
-        auto* ref = AcDbBlockReference::cast(obj.get());
+    db->objects.forEach([&](Adesk::UInt64, AcDbObject* obj) {
+        auto* ref = AcDbBlockReference::cast(obj);
         if (ref && !ref->isErased() && ref->blockTableRecord() == self)
             ids.append(ref->objectId());
-    }
+    });
     return Acad::eOk;
 }
 

@@ -391,7 +391,7 @@ Acad::ErrorStatus AcDbDatabase::setFingerprintGuid(const ACHAR* pNewGuid)
 AcDbHandle AcDbDatabase::handseed() const { return AcDbHandle(mpImpDb->seed); }
 Acad::ErrorStatus AcDbDatabase::setHandseed(const AcDbHandle& handle)
 {
-    Adesk::UInt64 top = mpImpDb->objects.empty() ? 0 : mpImpDb->objects.rbegin()->first;
+    Adesk::UInt64 top = mpImpDb->objects.top();
     if (handle.value() <= top)
         return Acad::eInvalidInput;
     mpImpDb->seed = handle.value();

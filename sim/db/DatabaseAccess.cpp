@@ -61,8 +61,7 @@ void forEachObject(AcDbDatabase* db, const std::function<void(AcDbObject*)>& fn)
     AcDbImpDatabase* imp = AcDbImpDatabase::of(db);
     if (!imp)
         return;
-    for (auto& [handle, obj] : imp->objects)
-        fn(obj.get());
+    imp->objects.forEach([&](Adesk::UInt64, AcDbObject* obj) { fn(obj); });
 }
 
 AcDbObject* objectAt(AcDbDatabase* db, AcDbHandle handle)

@@ -81,6 +81,12 @@ public:
     /// Fills an empty database (built without the default drawing) from a file.
     virtual Acad::ErrorStatus read(AcDbDatabase& db, const std::wstring& path) = 0;
     virtual Acad::ErrorStatus write(AcDbDatabase& db, const std::wstring& path) = 0;
+    /// As write; a file already there is kept as the .bak of its name only with keepBackup.
+    virtual Acad::ErrorStatus writeFile(AcDbDatabase& db, const std::wstring& path, bool keepBackup)
+    {
+        (void)keepBackup;
+        return write(db, path);
+    }
     /// Completes a new default drawing with what the format's new drawings hold beyond it
     /// (layouts, styles, dictionaries, scales): the template of a new drawing.
     virtual void completeDefaultDrawing(AcDbDatabase&) {}

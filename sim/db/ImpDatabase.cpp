@@ -66,8 +66,7 @@ AcDbObject* AcDbImpDatabase::lookup(AcDbObjectId id)
 
 AcDbObject* AcDbImpDatabase::find(AcDbHandle h) const
 {
-    auto it = objects.find(h.value());
-    return it == objects.end() ? nullptr : it->second.get();
+    return objects.find(h.value());
 }
 
 Acad::ErrorStatus AcDbImpDatabase::addObject(AcDbObject* obj, AcDbObjectId owner, AcDbObjectId& id, AcDbHandle wanted,
@@ -80,18 +79,18 @@ Acad::ErrorStatus AcDbImpDatabase::addObject(AcDbObject* obj, AcDbObjectId owner
         return Acad::eAlreadyInDb;
     Adesk::UInt64 h = wanted.value();
     if (h != 0) {
-        if (objects.count(h))
+        if (objects.contains(h))
             return Acad::eHandleExists;
     } else {
         h = seed;
-        while (objects.count(h))
+        while (objects.contains(h))
             ++h;
     }
     seed = std::max(seed, h + 1);
     oi->db = self;
     oi->handle = AcDbHandle(h);
     oi->owner = owner;
-    objects[h].reset(obj);
+    objects.insert(h, obj);
     if (leaveOpen) {
         oi->writer = true;
         oi->isNew = true;

@@ -16,6 +16,7 @@
 #include "dbmtext.h"
 #include "dbsymtb.h"
 #include "sim/db/DatabaseAccess.h"
+#include "sim/db/HandleIndex.h"
 #include "sim/db/ImpObject.h"
 
 namespace sim::db {
@@ -102,7 +103,7 @@ public:
     }
 
     AcDbDatabase* self;
-    std::map<Adesk::UInt64, std::unique_ptr<AcDbObject>> objects;
+    sim::db::HandleIndex objects;
     Adesk::UInt64 seed = 1;
     sim::db::Header header;
     AcDbObjectId tables[sim::db::kTableCount];

@@ -7,42 +7,46 @@
 #include <vector>
 #include "dbmain.h"
 #include "sim/db/Chain.h"
+#include "sim/db/OnDemandVector.h"
 #include "sim/db/RawTag.h"
 
 class AcDbImpObject {
 public:
+    // The record is made for every object: its members are ordered by size, and what few objects
+    // hold takes storage only when they do.
+
     // Identity: set when the object is added to a database, never copied.
     AcDbDatabase* db = nullptr;
     AcDbHandle handle;
-    /// Set when an abort took the object out of its database; it is kept only so that pointers to it
-    /// stay harmless.
-    bool detached = false;
     /// The database a detached object was in: it keeps its id, which names nothing any more.
     AcDbDatabase* formerDb = nullptr;
     /// The database a new object is meant for, until it is added to one.
     AcDbDatabase* intended = nullptr;
 
-    // Open state.
-    int readers = 0;
-    bool writer = false;
-    /// The strongest hold of the transactions that got it: 0 none, 1 read, 2 write.
-    int txnMode = 0;
-    bool isNew = false;
-
     // Persistent state that a transaction's snapshot keeps besides the object's copy.
     AcDbObjectId owner;
-    bool erased = false;
     AcDbObjectId extDict;
-    std::vector<AcDbObjectId> reactors;
+    sim::db::OnDemandVector<AcDbObjectId> reactors;
 
     // Persistent state copied with the object.
     /// Extended data by application, in order; each chain holds the values after the 1001 group.
-    std::vector<std::pair<std::wstring, sim::db::Chain>> xdata;
+    sim::db::OnDemandVector<std::pair<std::wstring, sim::db::Chain>> xdata;
     /// Groups of the drawing file that the database does not model, kept for writing back; the DXF
     /// module fills and reads them.
-    sim::db::RawTags preservedTags;
+    sim::db::OnDemandVector<sim::db::RawTag> preservedTags;
     /// Where the DXF module puts preservedTags back; its own convention (0 = nowhere in particular).
     int preservedPlace = 0;
+
+    // Open state.
+    int readers = 0;
+    /// The strongest hold of the transactions that got it: 0 none, 1 read, 2 write.
+    int txnMode = 0;
+    bool writer = false;
+    bool isNew = false;
+    bool erased = false;
+    /// Set when an abort took the object out of its database; it is kept only so that pointers to it
+    /// stay harmless.
+    bool detached = false;
 
     /// Copies what is copied with the object (xdata, preserved tags), nothing of identity or state.
     void copyDataFrom(const AcDbImpObject& o)

@@ -1,6 +1,9 @@
 // AcDbDatabase::insert: another database's model space becomes a block definition of this one, with
-// the layers, line types, text styles and blocks its entities use.
+// the layers, line types, text styles, blocks and registered applications its entities use, the
+// extended data of the source's model space (a dynamic block's definition) and its base point.
+#include <cstdlib>
 #include <map>
+#include <string>
 
 #include "dbents.h"
 #include "dbmtext.h"
@@ -60,14 +63,16 @@ public:
         return id;
     }
 
-    AcDbBlockTableRecord* newBlock(const std::wstring& name, const AcDbBlockTableRecord& like)
+    /// A new block of the name with like's origin (or the one given), comments and extended data.
+    AcDbBlockTableRecord* newBlock(const std::wstring& name, const AcDbBlockTableRecord& like, const AcGePoint3d* origin = nullptr)
     {
         auto* btr = new AcDbBlockTableRecord;
         AcDbImpDatabase::name(btr) = name;
-        btr->setOrigin(like.origin());
+        btr->setOrigin(origin ? *origin : like.origin());
         const ACHAR* comments = nullptr;
         like.comments(comments);
         btr->setComments(comments);
+        AcDbImpDatabase::imp(btr)->xdata = AcDbImpDatabase::imp(&like)->xdata;
         AcDbSymbolTable* table = dstTable(sim::db::kBlockTable);
         // The table's add gives "*U" its next free name and makes the block's markers.
         m_dst.touch(table);
@@ -82,6 +87,7 @@ public:
             return nullptr;
         }
         btr->close();
+        registerApps(*btr);
         return btr;
     }
 
@@ -101,6 +107,29 @@ public:
     }
 
 private:
+    /// The applications of an object's extended data, registered here as the source has them.
+    void registerApps(const AcDbObject& obj)
+    {
+        for (const auto& [app, chain] : AcDbImpDatabase::imp(&obj)->xdata) {
+            if (m_apps.count(app))
+                continue;
+            m_apps.insert({app, true});
+            AcDbSymbolTable* table = dstTable(sim::db::kRegAppTable);
+            AcDbObjectId existing;
+            if (!table || table->getAt(app.c_str(), existing) == Acad::eOk)
+                continue;
+            auto* srcTable = AcDbSymbolTable::cast(m_src.find(m_src.tables[sim::db::kRegAppTable].handle()));
+            AcDbObjectId srcId;
+            if (srcTable && srcTable->getAt(app.c_str(), srcId) == Acad::eOk) {
+                record(srcId, sim::db::kRegAppTable);
+                continue;
+            }
+            auto* rec = new AcDbRegAppTableRecord;
+            AcDbImpDatabase::name(rec) = app;
+            addRecord(table, rec);
+        }
+    }
+
     AcDbSymbolTable* dstTable(TableKind kind) { return AcDbSymbolTable::cast(m_dst.find(m_dst.tables[kind].handle())); }
 
     AcDbObjectId addRecord(AcDbSymbolTable* table, AcDbSymbolTableRecord* rec)
@@ -123,6 +152,7 @@ private:
     AcDbEntity* copyEntity(const AcDbEntity& ent, AcDbObjectId owner)
     {
         auto* copy = static_cast<AcDbEntity*>(ent.clone());
+        registerApps(*copy);
         AcDbImpDatabase::layerId(copy) = record(ent.layerId(), sim::db::kLayerTable);
         AcDbImpDatabase::linetypeId(copy) = record(ent.linetypeId(), sim::db::kLinetypeTable);
         if (auto* t = AcDbText::cast(copy))
@@ -175,7 +205,31 @@ private:
     AcDbImpDatabase& m_src;
     AcDbImpDatabase& m_dst;
     std::map<AcDbObjectId, AcDbObjectId> m_map;
+    std::map<std::wstring, bool> m_apps;
 };
+
+/// The source's base point for insertion ($INSBASE, kept with the header variables it does not
+/// model); the origin when it has none.
+AcGePoint3d insertionBase(const AcDbImpDatabase& db)
+{
+    const sim::db::RawTags& h = db.extras.header;
+    AcGePoint3d p = AcGePoint3d::kOrigin;
+    for (size_t i = 0; i < h.size(); ++i) {
+        if (h[i].code != 9 || h[i].value != "$INSBASE")
+            continue;
+        for (size_t k = i + 1; k < h.size() && h[k].code != 9; ++k) {
+            double v = std::strtod(h[k].value.c_str(), nullptr);
+            if (h[k].code == 10)
+                p.x = v;
+            else if (h[k].code == 20)
+                p.y = v;
+            else if (h[k].code == 30)
+                p.z = v;
+        }
+        break;
+    }
+    return p;
+}
 
 } // namespace
 
@@ -195,8 +249,11 @@ Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& blockId, const ACHAR* pBloc
     if (srcBlocks->getAt(ACDB_MODEL_SPACE, modelId) != Acad::eOk)
         return Acad::eNoDatabase;
     auto* model = AcDbBlockTableRecord::cast(src->find(modelId.handle()));
+    if (!model)
+        return Acad::eNoDatabase;
     Inserter inserter(*src, *mpImpDb);
-    AcDbBlockTableRecord* btr = inserter.newBlock(pBlockName, AcDbBlockTableRecord());
+    AcGePoint3d base = insertionBase(*src);
+    AcDbBlockTableRecord* btr = inserter.newBlock(pBlockName, *model, &base);
     if (!btr)
         return Acad::eInvalidBlockName;
     inserter.copyEntities(*model, *btr);

@@ -21,7 +21,7 @@ KeptGroups::KeptGroups(const AcDbObject* obj, std::string_view subclass) : m_obj
     m_begin = t.size();
 }
 
-RawTags& KeptGroups::tags() const { return AcDbImpObject::of(m_obj)->preservedTags; }
+RawTags& KeptGroups::tags() const { return AcDbImpObject::of(m_obj)->preservedTags.ensure(); }
 
 size_t KeptGroups::end() const
 {

@@ -236,7 +236,7 @@ Acad::ErrorStatus AcDbObject::setXData(const resbuf* xdata)
             return Acad::eInvalidResBuf;
         else if (rb->restype != AcDb::kDxfRegAppName && (rb->restype < 1000 || rb->restype > 1071))
             return Acad::eInvalidResBuf;
-    auto& store = mpImpObject->xdata;
+    auto& store = mpImpObject->xdata.ensure();
     for (const resbuf* rb = xdata; rb;) {
         std::wstring app = rb->resval.rstring;
         const resbuf* first = rb->rbnext;
@@ -307,7 +307,7 @@ void AcDbObject::addPersistentReactor(AcDbObjectId objId)
 {
     if (!isWriteEnabled())
         return;
-    auto& r = mpImpObject->reactors;
+    auto& r = mpImpObject->reactors.ensure();
     if (std::find(r.begin(), r.end(), objId) == r.end())
         r.push_back(objId);
 }
@@ -315,7 +315,7 @@ void AcDbObject::addPersistentReactor(AcDbObjectId objId)
 Acad::ErrorStatus AcDbObject::removePersistentReactor(AcDbObjectId objId)
 {
     SIM_DB_ASSERT_WRITE();
-    auto& r = mpImpObject->reactors;
+    auto& r = mpImpObject->reactors.ensure();
     auto it = std::find(r.begin(), r.end(), objId);
     if (it == r.end())
         return Acad::eKeyNotFound;

@@ -104,7 +104,7 @@ static std::vector<Segment> segmentsOf(const std::vector<AcGePoint2d>& pts, cons
 }
 
 Acad::ErrorStatus AcDbPolyline::addVertexAt(unsigned int index, const AcGePoint2d& pt, double bulge, double startWidth,
-                                            double endWidth, Adesk::Int32)
+                                            double endWidth, Adesk::Int32 vertexIdentifier)
 {
     SIM_DB_ASSERT_WRITE();
     if (index > m_verts.size())
@@ -114,6 +114,7 @@ Acad::ErrorStatus AcDbPolyline::addVertexAt(unsigned int index, const AcGePoint2
     v.bulge = bulge;
     v.startWidth = startWidth < 0 ? m_constantWidth : startWidth;
     v.endWidth = endWidth < 0 ? m_constantWidth : endWidth;
+    v.id = vertexIdentifier;
     m_verts.insert(m_verts.begin() + index, v);
     return Acad::eOk;
 }
@@ -265,6 +266,23 @@ void AcDbPolyline::setPlinegen(bool plinegen)
 {
     if (isWriteEnabled())
         m_plinegen = plinegen;
+}
+
+Acad::ErrorStatus AcDbPolyline::getVertexIdentifierAt(unsigned int index, Adesk::Int32& id) const
+{
+    if (index >= m_verts.size())
+        return Acad::eInvalidIndex;
+    id = m_verts[index].id;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbPolyline::setVertexIdentifierAt(unsigned int index, Adesk::Int32 suggestedValue)
+{
+    SIM_DB_ASSERT_WRITE();
+    if (index >= m_verts.size())
+        return Acad::eInvalidIndex;
+    m_verts[index].id = suggestedValue;
+    return Acad::eOk;
 }
 
 void AcDbPolyline::reset(bool reuse, unsigned int numVerts)
@@ -500,6 +518,7 @@ Acad::ErrorStatus AcDbPolyline::reverseCurve()
         size_t vi = m_closed ? (n - i) % n : n - 1 - i;
         size_t seg = m_closed ? (2 * n - i - 1) % n : n - 2 - i;
         r[i].pt = m_verts[vi].pt;
+        r[i].id = m_verts[vi].id;
         if (m_closed || i + 1 < n) {
             r[i].bulge = -m_verts[seg].bulge;
             r[i].startWidth = m_verts[seg].endWidth;

@@ -87,11 +87,9 @@ Acad::ErrorStatus TransactionManager::abortTransaction()
     // Objects added since the start leave the database; pointers to them stay harmless.
     for (AcDbObject* obj : t->added) {
         AcDbImpObject* oi = AcDbImpDatabase::imp(obj);
-        auto it = m_db.objects.find(oi->handle.value());
-        if (it == m_db.objects.end() || it->second.get() != obj)
+        if (m_db.objects.find(oi->handle.value()) != obj)
             continue;
-        m_db.graveyard.push_back(std::move(it->second));
-        m_db.objects.erase(it);
+        m_db.graveyard.emplace_back(m_db.objects.release(oi->handle.value()));
         m_db.writeOpen.erase(obj);
         forget(obj);
         oi->formerDb = oi->db;

@@ -52,6 +52,11 @@ public:
         g_lastError = writeDrawingFile(db, path);
         return g_lastError.empty() ? Acad::eOk : Acad::eFileAccessErr;
     }
+    Acad::ErrorStatus writeFile(AcDbDatabase& db, const std::wstring& path, bool keepBackup) override
+    {
+        g_lastError = writeDrawingFile(db, path, keepBackup);
+        return g_lastError.empty() ? Acad::eOk : Acad::eFileAccessErr;
+    }
     void completeDefaultDrawing(AcDbDatabase& db) override { completeNewDrawing(db); }
 };
 

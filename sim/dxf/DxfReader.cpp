@@ -9,6 +9,7 @@
 #include "sim/db/FileAccess.h"
 #include "sim/db/ImpObject.h"
 #include "sim/dxf/DxfError.h"
+#include "sim/dxf/HeapGrowth.h"
 #include "sim/dxf/Header.h"
 #include "sim/dxf/Preserved.h"
 #include "sim/dxf/Record.h"
@@ -32,7 +33,7 @@ bool isEntityCodec(const Codec* c) { return c && c->objectClass()->isDerivedFrom
 class Loader {
 public:
     Loader(AcDbDatabase& db, std::string_view text, const std::function<void(size_t)>& consumed)
-        : m_db(db), m_text(text), m_reader(text), m_cx(&db), m_consumed(consumed)
+        : m_db(db), m_text(text), m_reader(text), m_cx(&db), m_consumed(consumed), m_heap(text.size())
     {
     }
 
@@ -115,7 +116,13 @@ private:
     {
         AcDbImpObject* imp = sim::db::impOf(obj);
         try {
-            keepUntaken(m_rec, imp->preservedTags);
+            // Kept aside first: most objects keep nothing, and then get no storage for it.
+            m_kept.clear();
+            keepUntaken(m_rec, m_kept);
+            if (!m_kept.empty()) {
+                sim::db::RawTags& kept = imp->preservedTags.ensure();
+                kept.insert(kept.end(), m_kept.begin(), m_kept.end());
+            }
             for (AcDbHandle h : m_rec.reactors)
                 imp->reactors.push_back(m_cx.id(h));
             imp->extDict = m_cx.id(m_rec.xdict);
@@ -138,6 +145,7 @@ private:
             throw DxfError(m_rec.line, "the " + str(m_rec.type) + " cannot be added to the drawing");
         }
         noteHandle(handle.value());
+        m_heap.poll();
         return id;
     }
 
@@ -308,7 +316,7 @@ private:
     {
         if (!nextIs(m_reader, follower) && !nextIs(m_reader, "SEQEND"))
             return;
-        sim::db::RawTags& kept = sim::db::impOf(obj)->preservedTags;
+        sim::db::RawTags& kept = sim::db::impOf(obj)->preservedTags.ensure();
         kept.push_back({kFollowers, std::string()});
         bool end = false;
         while (!end && (nextIs(m_reader, follower) || nextIs(m_reader, "SEQEND"))) {
@@ -451,8 +459,10 @@ private:
     TagReader m_reader;
     ReadContext m_cx;
     std::function<void(size_t)> m_consumed;
+    HeapGrowth m_heap;
     size_t m_reported = 0;
     Record m_rec;
+    sim::db::RawTags m_kept;
     HeaderValues m_header;
     std::string m_section;
     int m_sectionLine = 0;

@@ -168,11 +168,28 @@ private:
         for (size_t i = 0; i + 1 < kept.size(); ++i)
             if (kept[i].code == 0 && kept[i + 1].code == 1)
                 declared.insert(kept[i + 1].value);
+        // Counted by class, and named once per class: only tag storage and objects read under a
+        // record name of their own are named one by one.
+        struct Count {
+            const AcDbObject* sample = nullptr;
+            int count = 0;
+        };
+        std::unordered_map<const AcRxClass*, Count> byClass;
         std::unordered_map<std::string, int> used;
         sim::db::forEachObject(&m_db, [&](AcDbObject* obj) {
-            if (live(obj))
+            if (!live(obj))
+                return;
+            if (isTagStorage(*obj) || hasKeptRecordName(*obj)) {
                 ++used[recordNameOf(*obj)];
+                return;
+            }
+            Count& c = byClass[obj->isA()];
+            if (!c.sample)
+                c.sample = obj;
+            ++c.count;
         });
+        for (const auto& [cls, c] : byClass)
+            used[recordNameOf(*c.sample)] += c.count;
         for (const ClassInfo& c : kClasses) {
             auto it = used.find(c.record);
             if (it == used.end() || declared.count(c.record))
@@ -186,6 +203,14 @@ private:
             m_w.integer(280, 0);
             m_w.integer(281, c.entity ? 1 : 0);
         }
+    }
+
+    static bool hasKeptRecordName(const AcDbObject& obj)
+    {
+        for (const auto& t : sim::db::impOf(&obj)->preservedTags)
+            if (t.code == -1)
+                return true;
+        return false;
     }
 
     /// The record name an object is written under.

@@ -153,13 +153,14 @@ protected:
         struct V {
             AcGePoint2d pt;
             double bulge = 0.0, start = -1.0, end = -1.0;
+            Adesk::Int32 id = 0;
         };
         V v;
-        bool open = false;
+        bool open = false, identified = false;
         unsigned n = 0;
         auto flush = [&] {
             if (open)
-                e.addVertexAt(n++, v.pt, v.bulge, v.start, v.end);
+                e.addVertexAt(n++, v.pt, v.bulge, v.start, v.end, v.id);
             v = V();
         };
         for (int i = f.begin(); i < f.end(); ++i) {
@@ -184,7 +185,9 @@ protected:
             case 42:
                 v.bulge = t.real;
                 break;
-            case 91: // vertex identifiers: the database keeps none
+            case 91:
+                v.id = static_cast<Adesk::Int32>(t.integer);
+                identified = true;
                 break;
             default:
                 continue;
@@ -192,6 +195,8 @@ protected:
             f.takeAt(i);
         }
         flush();
+        if (identified) // even when all are 0, the file wrote them
+            f.keepValue(91, "1");
         e.setClosed(flags & 1);
         e.setPlinegen(flags & 128);
     }
@@ -208,10 +213,21 @@ protected:
             w.out.real(38, e.elevation());
         if (e.thickness() != 0.0)
             w.out.real(39, e.thickness());
+        bool identified = w.keptValue(91).has_value();
+        for (unsigned i = 0; i < e.numVerts() && !identified; ++i) {
+            Adesk::Int32 id = 0;
+            e.getVertexIdentifierAt(i, id);
+            identified = id != 0;
+        }
         for (unsigned i = 0; i < e.numVerts(); ++i) {
             AcGePoint2d p;
             e.getPointAt(i, p);
             w.out.point2d(10, p.x, p.y);
+            if (identified) {
+                Adesk::Int32 id = 0;
+                e.getVertexIdentifierAt(i, id);
+                w.out.integer(91, id);
+            }
             if (!isConstant) {
                 double s = 0.0, en = 0.0;
                 e.getWidthsAt(i, s, en);

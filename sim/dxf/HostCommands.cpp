@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cwchar>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,7 @@ using sim::editor::commands::appendToSpace;
 using sim::editor::commands::say;
 
 constexpr size_t kLine = 2048;
+constexpr double kPi = 3.14159265358979323846;
 
 /// A failure the run reports: shown on the command line and remembered by the session.
 void failed(const std::wstring& message)
@@ -210,6 +212,119 @@ void makeArc(const AcGeVector3d& n, const AcGePoint3d& centre, double radius, do
                               sim::db::geom::normalizeAngle(end)));
 }
 
+
+/// An arc about a centre from a start point (object coordinates), counter-clockwise: the end
+/// point's direction, an included angle or a chord length (the minor arc for a positive length).
+template <class Ocs>
+void arcFromCentre(const AcGeVector3d& n, AcGePoint3d centre, const AcGePoint3d& start, const ads_point centreInput, Ocs ocs)
+{
+    centre.z = start.z;
+    double radius = centre.distanceTo(start), from = angleOf(centre, start);
+    ads_point c;
+    acedInitGet(0, L"Angle Length");
+    int rc = acedGetPoint(centreInput, L"\nSpecify end point of arc (hold Ctrl to switch direction) or [Angle/chord Length]: ", c);
+    if (rc == RTNORM) {
+        makeArc(n, centre, radius, from, angleOf(centre, ocs(c)));
+        return;
+    }
+    if (rc != RTKWORD)
+        return;
+    double included = 0.0;
+    if (keyword() == L"Angle") {
+        if (acedGetAngle(centreInput, L"\nSpecify included angle (hold Ctrl to switch direction): ", &included) != RTNORM)
+            return;
+        // An angle past a half turn reads as a clockwise one.
+        if (included > kPi)
+            included -= 2.0 * kPi;
+    } else {
+        double chord = 0.0;
+        acedInitGet(RSG_NOZERO, nullptr);
+        if (acedGetDist(centreInput, L"\nSpecify length of chord (hold Ctrl to switch direction): ", &chord) != RTNORM)
+            return;
+        if (std::fabs(chord) > 2.0 * radius) {
+            say(L"Arc does not exist.");
+            return;
+        }
+        included = 2.0 * std::asin(std::fabs(chord) / (2.0 * radius));
+        if (chord < 0)
+            included = 2.0 * kPi - included;
+    }
+    if (included >= 0)
+        makeArc(n, centre, radius, from, from + included);
+    else
+        makeArc(n, centre, radius, from + included, from);
+}
+
+/// An arc counter-clockwise from start to end: about a centre, with an included angle, with a
+/// tangent direction at the start, or with a radius (the minor arc; a negative one the major).
+template <class Ocs>
+void arcFromEnds(const AcGeVector3d& n, const AcGePoint3d& start, AcGePoint3d end, const ads_point startInput,
+                 const ads_point endInput, Ocs ocs)
+{
+    end.z = start.z;
+    double chord = start.distanceTo(end);
+    if (chord == 0.0) {
+        say(L"Arc does not exist.");
+        return;
+    }
+    ads_point c;
+    acedInitGet(0, L"Angle Direction Radius");
+    int rc = acedGetPoint(startInput, L"\nSpecify center point of arc (hold Ctrl to switch direction) or [Angle/Direction/Radius]: ", c);
+    AcGePoint3d mid((start.x + end.x) / 2, (start.y + end.y) / 2, start.z);
+    AcGeVector3d along = (end - start).normalize(), left(-along.y, along.x, 0.0);
+    // The arc of an included angle (signed, counter-clockwise positive) from start to end.
+    auto byAngle = [&](double included) {
+        if (std::fabs(included) < 1e-12 || std::fabs(included) >= 2.0 * kPi) {
+            say(L"Arc does not exist.");
+            return;
+        }
+        double radius = chord / (2.0 * std::sin(std::fabs(included) / 2.0));
+        double h = chord / (2.0 * std::tan(included / 2.0)); // towards the left for a positive angle
+        AcGePoint3d centre = mid + left * h;
+        if (included > 0)
+            makeArc(n, centre, radius, angleOf(centre, start), angleOf(centre, end));
+        else
+            makeArc(n, centre, radius, angleOf(centre, end), angleOf(centre, start));
+    };
+    if (rc == RTNORM) {
+        AcGePoint3d centre = ocs(c);
+        centre.z = start.z;
+        makeArc(n, centre, centre.distanceTo(start), angleOf(centre, start), angleOf(centre, end));
+        return;
+    }
+    if (rc != RTKWORD)
+        return;
+    std::wstring kw = keyword();
+    if (kw == L"Angle") {
+        double included = 0.0;
+        if (acedGetAngle(startInput, L"\nSpecify included angle (hold Ctrl to switch direction): ", &included) != RTNORM)
+            return;
+        byAngle(included > kPi ? included - 2.0 * kPi : included);
+    } else if (kw == L"Direction") {
+        double direction = 0.0;
+        if (acedGetAngle(startInput, L"\nSpecify tangent direction for the start point of arc (hold Ctrl to switch direction): ",
+                         &direction) != RTNORM)
+            return;
+        // The chord turns from the tangent by half the included angle.
+        double chordAngle = std::atan2(along.y, along.x);
+        double half = sim::db::geom::normalizeAngle(chordAngle - direction);
+        if (half > kPi)
+            half -= 2.0 * kPi;
+        byAngle(2.0 * half);
+    } else {
+        double radius = 0.0;
+        acedInitGet(RSG_NOZERO, nullptr);
+        if (acedGetDist(endInput, L"\nSpecify radius of arc: ", &radius) != RTNORM)
+            return;
+        if (std::fabs(radius) < chord / 2.0) {
+            say(L"Arc does not exist.");
+            return;
+        }
+        double included = 2.0 * std::asin(chord / (2.0 * std::fabs(radius)));
+        byAngle(radius > 0 ? included : 2.0 * kPi - included);
+    }
+}
+
 } // namespace
 
 namespace commands {
@@ -281,33 +396,115 @@ void insert()
     if (block.isNull())
         return;
 
+    // Options at the insertion point set the base point, scales and rotation before the point.
+    std::optional<AcGePoint3d> base;
+    std::optional<double> presetX, presetY, presetZ, presetRotation;
     ads_point p;
-    AcGePoint3d position;
-    if (!getPoint(nullptr, L"\nSpecify insertion point: ", p, &position))
-        return;
-    double sx = 1.0, sy = 1.0, rotation = 0.0;
-    acedInitGet(RSG_NOZERO, nullptr);
-    int rc = acedGetReal(L"\nEnter X scale factor <1>: ", &sx);
-    if (rc == RTNONE)
-        sx = 1.0;
-    else if (rc != RTNORM)
-        return;
-    acedInitGet(RSG_NOZERO, nullptr);
-    rc = acedGetReal(L"\nEnter Y scale factor <use X scale factor>: ", &sy);
-    if (rc == RTNONE)
-        sy = sx;
-    else if (rc != RTNORM)
-        return;
-    rc = acedGetAngle(p, L"\nSpecify rotation angle <0>: ", &rotation);
-    if (rc == RTNONE)
-        rotation = 0.0;
-    else if (rc != RTNORM)
-        return;
-
+    for (;;) {
+        acedInitGet(0, L"Basepoint Scale X Y Z Rotate");
+        int rc = acedGetPoint(nullptr, L"\nSpecify insertion point or [Basepoint/Scale/X/Y/Z/Rotate]: ", p);
+        if (rc == RTNORM)
+            break;
+        if (rc != RTKWORD)
+            return;
+        std::wstring kw = keyword();
+        double v = 1.0;
+        if (kw == L"Basepoint") {
+            ads_point bp;
+            if (acedGetPoint(nullptr, L"\nSpecify base point: ", bp) != RTNORM)
+                return;
+            base = asPnt3d(bp);
+            continue;
+        }
+        if (kw == L"Rotate") {
+            v = 0.0;
+            int r = acedGetAngle(nullptr, L"\nSpecify rotation angle <0>: ", &v);
+            if (r == RTNONE)
+                v = 0.0;
+            else if (r != RTNORM)
+                return;
+            presetRotation = v;
+            continue;
+        }
+        const wchar_t* prompt = kw == L"Scale" ? L"\nSpecify scale factor for XYZ axes <1>: "
+                                : kw == L"X"   ? L"\nSpecify X scale factor <1>: "
+                                : kw == L"Y"   ? L"\nSpecify Y scale factor <1>: "
+                                               : L"\nSpecify Z scale factor <1>: ";
+        acedInitGet(RSG_NOZERO, nullptr);
+        int r = acedGetReal(prompt, &v);
+        if (r == RTNONE)
+            v = 1.0;
+        else if (r != RTNORM)
+            return;
+        if (kw == L"Scale")
+            presetX = presetY = presetZ = v;
+        else
+            (kw == L"X" ? presetX : kw == L"Y" ? presetY : presetZ) = v;
+    }
+    AcGePoint3d position = sim::editor::toWcs(asPnt3d(p));
+    double sx = presetX.value_or(1.0), sy = presetY.value_or(sx), sz = presetZ.value_or(sx), rotation = 0.0;
+    if (!presetX && !presetY && !presetZ) {
+        acedInitGet(RSG_NOZERO, L"Corner XYZ");
+        int rc = acedGetReal(L"\nEnter X scale factor, specify opposite corner, or [Corner/XYZ] <1>: ", &sx);
+        if (rc == RTKWORD) {
+            std::wstring kw = keyword();
+            if (kw == L"Corner") {
+                ads_point corner;
+                if (acedGetCorner(p, L"\nSpecify opposite corner: ", corner) != RTNORM)
+                    return;
+                sx = corner[0] - p[0];
+                sy = corner[1] - p[1];
+                if (sx == 0.0 || sy == 0.0) {
+                    say(L"Value must be nonzero.");
+                    return;
+                }
+                sz = sx;
+            } else {
+                double* axes[] = {&sx, &sy, &sz};
+                const wchar_t* prompts[] = {L"\nSpecify X scale factor or [Corner] <1>: ",
+                                            L"\nEnter Y scale factor <use X scale factor>: ",
+                                            L"\nSpecify Z scale factor <use X scale factor>: "};
+                for (int i = 0; i < 3; ++i) {
+                    acedInitGet(RSG_NOZERO, nullptr);
+                    int r = acedGetReal(prompts[i], axes[i]);
+                    if (r == RTNONE)
+                        *axes[i] = i == 0 ? 1.0 : sx;
+                    else if (r != RTNORM)
+                        return;
+                }
+            }
+        } else {
+            if (rc == RTNONE)
+                sx = 1.0;
+            else if (rc != RTNORM)
+                return;
+            sz = sx;
+            acedInitGet(RSG_NOZERO, nullptr);
+            rc = acedGetReal(L"\nEnter Y scale factor <use X scale factor>: ", &sy);
+            if (rc == RTNONE)
+                sy = sx;
+            else if (rc != RTNORM)
+                return;
+        }
+    }
+    if (presetRotation) {
+        rotation = *presetRotation;
+    } else {
+        int rc = acedGetAngle(p, L"\nSpecify rotation angle <0>: ", &rotation);
+        if (rc == RTNONE)
+            rotation = 0.0;
+        else if (rc != RTNORM)
+            return;
+    }
     auto* ref = new AcDbBlockReference(position, block);
     ref->setNormal(ucsNormal());
-    ref->setScaleFactors(AcGeScale3d(sx, sy, sx));
+    ref->setScaleFactors(AcGeScale3d(sx, sy, sz));
     ref->setRotation(rotation);
+    // A base point of the block's own lands on the insertion point instead of its origin.
+    if (base) {
+        AcGePoint3d landed = ref->blockTransform() * *base;
+        ref->setPosition(position + (position - landed));
+    }
     AcDbObjectId refId = appendToSpace(ref);
     if (!refId.isNull())
         addAttributes(refId, block);
@@ -316,55 +513,53 @@ void insert()
 void arc()
 {
     AcGeVector3d n = ucsNormal();
-    auto ocs = [&](const AcGePoint3d& wcs) { return sim::db::geom::wcsToOcs(n, wcs); };
+    auto ocs = [&](const ads_point p) {
+        AcGePoint3d o = sim::db::geom::wcsToOcs(n, sim::editor::toWcs(asPnt3d(p)));
+        return o;
+    };
     ads_point a, b, c;
-    AcGePoint3d pa, pb, pc;
     acedInitGet(0, L"Center");
     int rc = acedGetPoint(nullptr, L"\nSpecify start point of arc or [Center]: ", a);
     if (rc == RTKWORD) {
         keyword();
-        if (!getPoint(nullptr, L"\nSpecify center point of arc: ", a, &pa) ||
-            !getPoint(a, L"\nSpecify start point of arc: ", b, &pb))
+        if (acedGetPoint(nullptr, L"\nSpecify center point of arc: ", a) != RTNORM ||
+            acedGetPoint(a, L"\nSpecify start point of arc: ", b) != RTNORM)
             return;
-        AcGePoint3d centre = ocs(pa), start = ocs(pb);
-        centre.z = start.z;
-        double from = angleOf(centre, start);
-        acedInitGet(0, L"Angle");
-        rc = acedGetPoint(a, L"\nSpecify end point of arc or [Angle]: ", c);
-        double to = 0.0;
-        if (rc == RTKWORD) {
-            keyword();
-            double included = 0.0;
-            if (acedGetAngle(a, L"\nSpecify included angle: ", &included) != RTNORM)
-                return;
-            to = from + included;
-            if (included < 0)
-                std::swap(from, to);
-        } else if (rc == RTNORM) {
-            to = angleOf(centre, ocs(sim::editor::toWcs(asPnt3d(c))));
-        } else {
-            return;
-        }
-        makeArc(n, centre, centre.distanceTo(start), from, to);
+        arcFromCentre(n, ocs(a), ocs(b), a, ocs);
         return;
     }
     if (rc != RTNORM)
         return;
-    pa = sim::editor::toWcs(asPnt3d(a));
-    if (!getPoint(a, L"\nSpecify second point of arc: ", b, &pb) || !getPoint(b, L"\nSpecify end point of arc: ", c, &pc))
+    AcGePoint3d start = ocs(a);
+    acedInitGet(0, L"Center End");
+    rc = acedGetPoint(a, L"\nSpecify second point of arc or [Center/End]: ", b);
+    if (rc == RTKWORD) {
+        std::wstring kw = keyword();
+        if (kw == L"Center") {
+            if (acedGetPoint(a, L"\nSpecify center point of arc: ", b) != RTNORM)
+                return;
+            arcFromCentre(n, ocs(b), start, b, ocs);
+            return;
+        }
+        if (acedGetPoint(a, L"\nSpecify end point of arc: ", c) != RTNORM)
+            return;
+        arcFromEnds(n, start, ocs(c), a, c, ocs);
         return;
-    AcGePoint3d s = ocs(pa), m = ocs(pb), e = ocs(pc), centre;
-    if (!circumcentre(s, m, e, centre)) {
+    }
+    if (rc != RTNORM || acedGetPoint(b, L"\nSpecify end point of arc: ", c) != RTNORM)
+        return;
+    AcGePoint3d m = ocs(b), e = ocs(c), centre;
+    if (!circumcentre(start, m, e, centre)) {
         say(L"Arc does not exist.");
         return;
     }
     // Counter-clockwise from start to end when the middle point turns left; else the other way.
-    bool ccw = (m.x - s.x) * (e.y - s.y) - (m.y - s.y) * (e.x - s.x) > 0;
-    double from = angleOf(centre, s), to = angleOf(centre, e);
+    bool ccw = (m.x - start.x) * (e.y - start.y) - (m.y - start.y) * (e.x - start.x) > 0;
+    double from = angleOf(centre, start), to = angleOf(centre, e);
     if (ccw)
-        makeArc(n, centre, centre.distanceTo(s), from, to);
+        makeArc(n, centre, centre.distanceTo(start), from, to);
     else
-        makeArc(n, centre, centre.distanceTo(s), to, from);
+        makeArc(n, centre, centre.distanceTo(start), to, from);
 }
 
 void mtext()

@@ -1,6 +1,7 @@
 // Writing one object's record with what was kept of it.
 #include "sim/dxf/ObjectWriter.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "sim/db/ImpObject.h"
@@ -17,6 +18,7 @@ void ObjectWriter::begin(std::string_view recordName, const AcDbObject& obj, int
     m_current = std::string_view();
     m_occurrence = 0;
     m_open = true; // the groups before the first subclass marker
+    m_anchors.clear();
 
     const sim::db::RawTags& kept = m_imp->preservedTags;
     for (size_t i = 0; i < kept.size();) {
@@ -36,25 +38,26 @@ void ObjectWriter::begin(std::string_view recordName, const AcDbObject& obj, int
         if (r.kind == kRecordName)
             recordName = r.name;
 
-    out.write(0, recordName);
+    m_tap.target.write(0, recordName);
     if (!tableName.empty())
-        out.write(2, tableName);
-    out.handle(handleCode, m_imp->handle);
+        m_tap.target.write(2, tableName);
+    m_tap.target.handle(handleCode, m_imp->handle);
     for (Run& r : m_runs)
         if (r.kind == kAppGroups)
             writeRun(r);
     if (!m_imp->reactors.empty()) {
-        out.write(102, "{ACAD_REACTORS");
+        m_tap.target.write(102, "{ACAD_REACTORS");
         for (const AcDbObjectId& id : m_imp->reactors)
-            out.handle(330, id.handle());
-        out.write(102, "}");
+            m_tap.target.handle(330, id.handle());
+        m_tap.target.write(102, "}");
     }
     if (!m_imp->extDict.isNull() && !m_imp->extDict.isErased()) {
-        out.write(102, "{ACAD_XDICTIONARY");
-        out.handle(360, m_imp->extDict.handle());
-        out.write(102, "}");
+        m_tap.target.write(102, "{ACAD_XDICTIONARY");
+        m_tap.target.handle(360, m_imp->extDict.handle());
+        m_tap.target.write(102, "}");
     }
-    out.handle(330, m_imp->owner.handle());
+    m_tap.target.handle(330, m_imp->owner.handle());
+    openAnchors();
 }
 
 std::optional<std::string_view> ObjectWriter::keptValue(int code) const
@@ -80,7 +83,47 @@ void ObjectWriter::writeRun(Run& run)
     run.written = true;
     const sim::db::RawTags& kept = m_imp->preservedTags;
     for (size_t i = run.begin; i < run.end; ++i)
-        out.write(kept[i].code, kept[i].value);
+        m_tap.target.write(kept[i].code, kept[i].value);
+}
+
+size_t ObjectWriter::currentRun() const
+{
+    int seen = 0;
+    for (size_t i = 0; i < m_runs.size(); ++i)
+        if (m_runs[i].kind == kSubclassRest && m_runs[i].name == m_current && seen++ == m_occurrence)
+            return i;
+    return std::string::npos;
+}
+
+void ObjectWriter::openAnchors()
+{
+    m_anchors.clear();
+    m_counts.clear();
+    size_t i = currentRun();
+    if (i == std::string::npos)
+        return;
+    for (size_t k = i + 1; k < m_runs.size() && m_runs[k].kind == kAnchored; ++k) {
+        Anchor a{k, -1, 0};
+        std::string_view v = m_runs[k].name;
+        size_t space = v.find(' ');
+        std::from_chars(v.data(), v.data() + space, a.code);
+        std::from_chars(v.data() + space + 1, v.data() + v.size(), a.occurrence);
+        if (a.code < 0)
+            writeRun(m_runs[k]);
+        else
+            m_anchors.push_back(a);
+    }
+}
+
+void ObjectWriter::wrote(int code)
+{
+    auto c = std::find_if(m_counts.begin(), m_counts.end(), [&](const auto& e) { return e.first == code; });
+    if (c == m_counts.end())
+        c = m_counts.insert(m_counts.end(), {code, 0});
+    int n = c->second++;
+    for (const Anchor& a : m_anchors)
+        if (a.code == code && a.occurrence == n && !m_runs[a.run].written)
+            writeRun(m_runs[a.run]);
 }
 
 void ObjectWriter::closeSubclass()
@@ -88,60 +131,72 @@ void ObjectWriter::closeSubclass()
     if (!m_open)
         return;
     m_open = false;
-    int seen = 0;
-    for (size_t i = 0; i < m_runs.size(); ++i) {
-        Run& r = m_runs[i];
-        if (r.kind != kSubclassRest || r.name != m_current || seen++ != m_occurrence)
-            continue;
-        writeRun(r);
-        for (size_t k = i + 1; k < m_runs.size() && m_runs[k].kind == kWholeSegment; ++k)
+    m_anchors.clear();
+    size_t i = currentRun();
+    if (i == std::string::npos)
+        return;
+    // Groups whose modelled group before them was not written come first, as they came first.
+    size_t k = i + 1;
+    for (; k < m_runs.size() && m_runs[k].kind == kAnchored; ++k)
+        if (!m_runs[k].written)
             writeRun(m_runs[k]);
-        break;
-    }
+    writeRun(m_runs[i]);
+    for (; k < m_runs.size() && m_runs[k].kind == kWholeSegment; ++k)
+        writeRun(m_runs[k]);
 }
 
 void ObjectWriter::subclass(std::string_view name)
 {
     closeSubclass();
-    out.write(100, name);
+    m_tap.target.write(100, name);
     m_current = name;
     m_occurrence = 0;
-    for (auto& [n, count] : m_seen)
-        if (n == name) {
-            m_occurrence = ++count;
-            m_open = true;
-            return;
-        }
-    m_seen.emplace_back(name, 0);
+    auto seen = std::find_if(m_seen.begin(), m_seen.end(), [&](const auto& e) { return e.first == name; });
+    if (seen != m_seen.end())
+        m_occurrence = ++seen->second;
+    else
+        m_seen.emplace_back(name, 0);
     m_open = true;
+    openAnchors();
 }
 
 void ObjectWriter::embedded()
 {
     closeSubclass();
-    out.write(101, "Embedded Object");
+    m_tap.target.write(101, "Embedded Object");
     m_current = "Embedded Object";
     m_occurrence = 0;
     m_open = true;
+    openAnchors();
 }
 
 void ObjectWriter::end(const std::vector<std::pair<std::wstring, sim::db::Chain>>* extraXData)
 {
     closeSubclass();
-    // Whatever the writer did not place: runs of subclasses it no longer writes, whole segments.
+    // Whatever the writer did not place: runs of subclasses it no longer writes (their groups in
+    // file order), whole segments.
     const sim::db::RawTags& kept = m_imp->preservedTags;
-    for (Run& r : m_runs) {
+    for (size_t i = 0; i < m_runs.size(); ++i) {
+        Run& r = m_runs[i];
         if (r.written || r.kind == kRecordName || r.kind == kFollowers || r.kind == kAppGroups || r.kind == kKeptValue)
             continue;
-        if (r.kind == kSubclassRest && !r.name.empty() && r.begin != r.end)
-            out.write(100, r.name);
+        if (r.kind == kSubclassRest) {
+            size_t k = i + 1;
+            bool any = r.begin != r.end;
+            for (; k < m_runs.size() && m_runs[k].kind == kAnchored; ++k)
+                any = any || m_runs[k].begin != m_runs[k].end;
+            if (!r.name.empty() && any)
+                m_tap.target.write(100, r.name);
+            for (size_t a = i + 1; a < k; ++a)
+                writeRun(m_runs[a]);
+        }
         writeRun(r);
     }
     for (size_t i = 0; i < kept.size() && kept[i].code >= 0; ++i)
-        out.write(kept[i].code, kept[i].value);
+        m_tap.target.write(kept[i].code, kept[i].value);
     if (extraXData)
-        writeXData(*extraXData, out);
-    writeXData(m_imp->xdata, out);
+        writeXData(*extraXData, m_tap.target);
+    writeXData(m_imp->xdata, m_tap.target);
     for (Run& r : m_runs)
         if (r.kind == kFollowers)
             writeRun(r);

@@ -19,8 +19,23 @@ class AcDbImpObject;
 namespace sim::dxf {
 
 class ObjectWriter {
+    /// Passes on what the kinds write and puts kept groups back after the group they followed.
+    class Tap : public TagWriter {
+    public:
+        Tap(ObjectWriter& owner, TagWriter& target) : owner(owner), target(target) {}
+        void write(int code, std::string_view value) override
+        {
+            target.write(code, value);
+            if (!owner.m_anchors.empty())
+                owner.wrote(code);
+        }
+        ObjectWriter& owner;
+        TagWriter& target;
+    };
+    Tap m_tap;
+
 public:
-    explicit ObjectWriter(TagWriter& out) : out(out) {}
+    explicit ObjectWriter(TagWriter& target) : m_tap(*this, target), out(m_tap) {}
 
     /// Starts the record of obj: 0 with its record name (the kept one, when the object was read
     /// under another), its handle under handleCode, application groups, reactors, extension
@@ -51,6 +66,18 @@ private:
         bool written;
     };
     void writeRun(Run& run);
+    /// The index of the run kept for the subclass being written; npos when none.
+    size_t currentRun() const;
+    /// Takes the anchored runs of the subclass just opened; writes those anchored at its marker.
+    void openAnchors();
+    void wrote(int code);
+
+    struct Anchor {
+        size_t run;
+        int code, occurrence;
+    };
+    std::vector<Anchor> m_anchors;
+    std::vector<std::pair<int, int>> m_counts; ///< groups written in the subclass: code, how many
 
     const AcDbImpObject* m_imp = nullptr;
     std::vector<Run> m_runs;

@@ -14,13 +14,18 @@
 //               than the database models: bits of a flags group the object does not model (the
 //               writer adds them), the colour index beside a true colour, the spelling of a name
 //               that differs in case from its record's (the writer uses them while they still fit)
+//   {-7, "c n"} groups of the subclass of the {-3} run before it that came in the file right after
+//               the n-th (from 0) modelled group of code c in that subclass ("-1 0": right after the
+//               subclass marker); the writer puts them back after that group, or at the end of the
+//               subclass when it no longer writes it
 #pragma once
 #include "sim/db/RawTag.h"
 #include "sim/dxf/Record.h"
 
 namespace sim::dxf {
 
-enum PreservedMarker { kRecordName = -1, kAppGroups = -2, kSubclassRest = -3, kWholeSegment = -4, kFollowers = -5, kKeptValue = -6 };
+enum PreservedMarker { kRecordName = -1, kAppGroups = -2, kSubclassRest = -3, kWholeSegment = -4, kFollowers = -5, kKeptValue = -6,
+                      kAnchored = -7 };
 
 /// Appends the runs for what the reader of a record left: its application groups, the groups of
 /// the subclasses it read that it did not take, and the subclasses it did not read.

@@ -330,7 +330,7 @@ void completeNewDrawing(AcDbDatabase& db)
     if (entry(dictionary(nod), L"ACAD_PLOTSTYLENAME").isNull()) {
         AcDbObjectId names = ensureDictionary(db, nod, L"ACAD_PLOTSTYLENAME");
         AcDbObjectId normal = ensureEntry(db, names, L"Normal", [] { return unknown(L"ACDBPLACEHOLDER", {}); });
-        RawTags& kept = impOf(objectOf(names))->preservedTags;
+        RawTags& kept = impOf(objectOf(names))->preservedTags.ensure();
         kept.push_back({kRecordName, "ACDBDICTIONARYWDFLT"});
         kept.push_back({kWholeSegment, ""});
         kept.push_back({100, "AcDbDictionaryWithDefault"});
