@@ -2,6 +2,7 @@
 // erased flag, extended data, extension dictionary, persistent reactors, and what the drawing file
 // holds that the database does not model.
 #pragma once
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,9 +19,8 @@ public:
     // Identity: set when the object is added to a database, never copied.
     AcDbDatabase* db = nullptr;
     AcDbHandle handle;
-    /// The database a detached object was in: it keeps its id, which names nothing any more.
-    AcDbDatabase* formerDb = nullptr;
-    /// The database a new object is meant for, until it is added to one.
+    /// The database a new object is meant for, until it is added to one; for a detached object, the
+    /// database it was in: it keeps its id, which names nothing any more.
     AcDbDatabase* intended = nullptr;
 
     // Persistent state that a transaction's snapshot keeps besides the object's copy.
@@ -38,15 +38,16 @@ public:
     int preservedPlace = 0;
 
     // Open state.
-    int readers = 0;
+    /// Readers at once; the database allows 256.
+    std::uint16_t readers = 0;
     /// The strongest hold of the transactions that got it: 0 none, 1 read, 2 write.
-    int txnMode = 0;
-    bool writer = false;
-    bool isNew = false;
-    bool erased = false;
+    std::uint8_t txnMode : 2 = 0;
+    bool writer : 1 = false;
+    bool isNew : 1 = false;
+    bool erased : 1 = false;
     /// Set when an abort took the object out of its database; it is kept only so that pointers to it
     /// stay harmless.
-    bool detached = false;
+    bool detached : 1 = false;
 
     /// Copies what is copied with the object (xdata, preserved tags), nothing of identity or state.
     void copyDataFrom(const AcDbImpObject& o)

@@ -67,7 +67,7 @@ AcDbObjectId AcDbObject::objectId() const
     if (mpImpObject->db)
         return AcDbObjectId(mpImpObject->db, mpImpObject->handle);
     // An object an abort took out keeps its id, so that smart pointers close it rather than delete it.
-    return mpImpObject->detached ? AcDbObjectId(mpImpObject->formerDb, mpImpObject->handle) : AcDbObjectId::kNull;
+    return mpImpObject->detached ? AcDbObjectId(mpImpObject->intended, mpImpObject->handle) : AcDbObjectId::kNull;
 }
 
 AcDbObjectId AcDbObject::ownerId() const { return mpImpObject->owner; }
@@ -99,7 +99,7 @@ AcDbDatabase* AcDbObject::intendedDatabase() const
 
 Acad::ErrorStatus AcDbObject::setIntendedDatabase(AcDbDatabase* pDb)
 {
-    if (mpImpObject->db)
+    if (mpImpObject->db || mpImpObject->detached)
         return Acad::eAlreadyInDb;
     mpImpObject->intended = pDb;
     return Acad::eOk;

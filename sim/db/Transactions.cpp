@@ -92,7 +92,7 @@ Acad::ErrorStatus TransactionManager::abortTransaction()
         m_db.graveyard.emplace_back(m_db.objects.release(oi->handle.value()));
         m_db.writeOpen.erase(obj);
         forget(obj);
-        oi->formerDb = oi->db;
+        oi->intended = oi->db;
         oi->db = nullptr;
         oi->detached = true;
         oi->readers = 0;
@@ -195,7 +195,7 @@ Acad::ErrorStatus TransactionManager::getObjectFor(Transaction& t, AcDbObject*& 
     } else {
         int& h = t.held[found];
         h = std::max(h, 1);
-        oi->txnMode = std::max(oi->txnMode, 1);
+        oi->txnMode = std::max<std::uint8_t>(oi->txnMode, 1);
     }
     obj = found;
     return Acad::eOk;
