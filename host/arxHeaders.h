@@ -40,6 +40,7 @@
 #include "mleaderstyle.h"
 #include "mleader.h"
 #include "dbdim.h"
+#include "dbldr.h"
 #include "acdocman.h"
 // The editor: prompts, selection, system variables, coordinate systems.
 #include "acedads.h"

@@ -70,6 +70,12 @@ AcDbObject* objectAt(AcDbDatabase* db, AcDbHandle handle)
     return imp ? imp->find(handle) : nullptr;
 }
 
+void reserveHandles(AcDbDatabase* db, size_t count)
+{
+    if (AcDbImpDatabase* imp = AcDbImpDatabase::of(db))
+        imp->objects.reserve(count);
+}
+
 Acad::ErrorStatus addObject(AcDbDatabase* db, AcDbObject* obj, AcDbHandle handle, AcDbObjectId ownerId, AcDbObjectId& id)
 {
     AcDbImpDatabase* imp = AcDbImpDatabase::of(db);

@@ -47,6 +47,9 @@ AcDbObject* objectAt(AcDbDatabase* db, AcDbHandle handle);
 /// becomes the database's table of its kind, and a dictionary without an owner its named objects
 /// dictionary, when the database has none yet. The handle seed stays above every handle.
 Acad::ErrorStatus addObject(AcDbDatabase* db, AcDbObject* obj, AcDbHandle handle, AcDbObjectId ownerId, AcDbObjectId& id);
+/// Room for objects under handles below the count, so that a file read does not grow the index
+/// step by step; a hint only.
+void reserveHandles(AcDbDatabase* db, size_t count);
 /// Appends a child to its owner's list without opening either: a record to its table, an entity to
 /// its block table record (a block begin or end to its slot), an attribute or sequence end to a block
 /// reference, a vertex or sequence end to a 2D polyline, an entry under name to a dictionary.

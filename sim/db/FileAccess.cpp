@@ -20,6 +20,8 @@ void setTextStyleId(AcDbMText* text, AcDbObjectId id) { AcDbImpDatabase::textSty
 void setBlockId(AcDbBlockReference* ref, AcDbObjectId id) { AcDbImpDatabase::blockId(ref) = id; }
 void setDimensionBlock(AcDbDimension* dim, AcDbObjectId id) { AcDbImpDatabase::dimensionBlock(dim) = id; }
 void setLinetypeId(AcDbLayerTableRecord* layer, AcDbObjectId id) { AcDbImpDatabase::linetypeId(layer) = id; }
+std::wstring& textString(AcDbText* text) { return AcDbImpDatabase::textString(text); }
+void reserveVertices(AcDbPolyline* pline, unsigned count) { AcDbImpDatabase::reserveVertices(pline, count); }
 
 const std::vector<AcDbObjectId>& recordIds(const AcDbSymbolTable* table)
 {

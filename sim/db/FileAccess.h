@@ -9,6 +9,7 @@
 #include "dbdict.h"
 #include "dbents.h"
 #include "dbmtext.h"
+#include "dbpl.h"
 #include "dbsymtb.h"
 
 class AcDbDimension;
@@ -31,6 +32,10 @@ void setBlockId(AcDbBlockReference* ref, AcDbObjectId id);
 /// The block of a dimension's graphics.
 void setDimensionBlock(AcDbDimension* dim, AcDbObjectId id);
 void setLinetypeId(AcDbLayerTableRecord* layer, AcDbObjectId id);
+/// The text's string as the file gives it, to be filled in place.
+std::wstring& textString(AcDbText* text);
+/// Room for the vertices a file announces, so that reading them does not grow the list step by step.
+void reserveVertices(AcDbPolyline* pline, unsigned count);
 
 // What an object owns, in order, erased objects included.
 const std::vector<AcDbObjectId>& recordIds(const AcDbSymbolTable* table);

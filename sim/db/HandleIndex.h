@@ -33,6 +33,12 @@ public:
     bool contains(Adesk::UInt64 h) const { return find(h) != nullptr; }
     /// Takes the object under a handle that is free and not 0.
     void insert(Adesk::UInt64 h, AcDbObject* obj);
+    /// Room for handles below the count, within the bound the flat table keeps to.
+    void reserve(size_t count)
+    {
+        if (denseMayHold(count))
+            m_dense.reserve(count);
+    }
     /// Gives up the object under the handle without deleting it; null when none.
     AcDbObject* release(Adesk::UInt64 h);
     /// Deletes every object.

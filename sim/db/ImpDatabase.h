@@ -14,6 +14,7 @@
 #include "dbents.h"
 #include "dbmain.h"
 #include "dbmtext.h"
+#include "dbpl.h"
 #include "dbsymtb.h"
 #include "sim/db/DatabaseAccess.h"
 #include "sim/db/HandleIndex.h"
@@ -86,6 +87,8 @@ public:
     static std::vector<AcDbObjectId>& vertices(AcDb2dPolyline* p) { return p->m_vertices; }
     static AcDbObjectId& seqEnd(AcDb2dPolyline* p) { return p->m_seqEnd; }
     static std::wstring& name(AcDbSymbolTableRecord* r) { return r->m_name; }
+    static std::wstring& textString(AcDbText* t) { return t->m_text; }
+    static void reserveVertices(AcDbPolyline* p, unsigned n) { p->m_verts.reserve(n); }
     static std::map<int, AcDbDimStyleTableRecord::Value>& dimValues(AcDbDimStyleTableRecord* r) { return r->m_values; }
     static AcDbObjectId& layerId(AcDbEntity* e) { return e->m_layerId; }
     static AcDbObjectId& linetypeId(AcDbEntity* e) { return e->m_linetypeId; }

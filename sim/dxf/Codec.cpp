@@ -29,7 +29,7 @@ struct Registry {
     std::map<AcRxClass*, const Codec*> byClass;
     Registry()
     {
-        for (const auto& family : {entityCodecs(), tableCodecs(), objectCodecs(), annotationCodecs()})
+        for (const auto& family : {entityCodecs(), tableCodecs(), objectCodecs(), annotationCodecs(), leaderCodecs()})
             for (const Codec* c : family) {
                 byRecord.emplace(c->recordName(), c);
                 byClass.emplace(c->objectClass(), c);

@@ -105,5 +105,7 @@ std::vector<const Codec*> tableCodecs();
 std::vector<const Codec*> objectCodecs();
 /// Scales, layouts, multileaders and their styles, dimensions.
 std::vector<const Codec*> annotationCodecs();
+/// Classic leaders.
+std::vector<const Codec*> leaderCodecs();
 
 } // namespace sim::dxf

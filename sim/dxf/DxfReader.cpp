@@ -53,9 +53,12 @@ public:
                 throw DxfError(name.line, "a section must be named by group 2");
             m_section = str(name.value);
             m_sectionLine = tag.line;
-            if (m_section == "HEADER")
+            if (m_section == "HEADER") {
                 readHeader(m_reader, sim::db::extras(&m_db).header, m_header);
-            else if (m_section == "CLASSES")
+                // The seed is one above the file's handles; a record takes some 20 bytes at least.
+                if (m_header.handseed && m_header.handseed->value() < m_text.size() / 16)
+                    sim::db::reserveHandles(&m_db, static_cast<size_t>(m_header.handseed->value()));
+            } else if (m_section == "CLASSES")
                 rawSection(sim::db::extras(&m_db).classes);
             else if (m_section == "TABLES")
                 tables();
@@ -452,7 +455,7 @@ private:
         return id;
     }
 
-    static constexpr size_t kReportEvery = 8 << 20;
+    static constexpr size_t kReportEvery = 256 << 10;
 
     AcDbDatabase& m_db;
     std::string_view m_text;

@@ -140,7 +140,9 @@ protected:
     void readFields(AcDbPolyline& e, Fields& f, ReadContext&) const override
     {
         f.sub("AcDbPolyline");
-        f.take(90); // the count follows from the vertices
+        // The count follows from the vertices; it only sizes their list.
+        if (const Tag* count = f.take(90); count && count->integer > 0 && count->integer <= f.end() - f.begin())
+            sim::db::reserveVertices(&e, static_cast<unsigned>(count->integer));
         int flags = f.int32(70);
         const Tag* constant = f.take(43);
         e.setElevation(f.real(38));

@@ -209,7 +209,7 @@ void readTextFields(AcDbText& e, Fields& f, ReadContext& cx)
     e.setPosition(readOcsPoint(f, 10, n));
     if (const Tag* h = f.take(40))
         e.setHeight(h->real);
-    e.setTextString(f.text(1).c_str());
+    sim::db::textString(&e) = f.text(1); // moved in: no copy of every text
     e.setRotation(radians(f.real(50)));
     e.setWidthFactor(f.real(41, 1.0));
     e.setOblique(radians(f.real(51)));

@@ -14,6 +14,7 @@
 #include "dbmtext.h"
 #include "dbpl.h"
 #include "dbsymtb.h"
+#include "dbldr.h"
 #include "mleader.h"
 #include "sim/core/Session.h"
 #include "sim/db/FileAccess.h"
@@ -181,6 +182,8 @@ private:
             dimension(*d, rgb, xf, depth);
         } else if (auto* ml = AcDbMLeader::cast(&e)) {
             multileader(*ml, rgb, xf);
+        } else if (auto* ld = AcDbLeader::cast(&e)) {
+            leader(*ld, rgb, xf);
         } else if (auto* u = sim::db::UnknownEntity::cast(&e)) {
             unknown(*u, rgb, xf, depth);
         }
@@ -211,6 +214,15 @@ private:
         delete[] given;
         AcGePoint3d at = d.textPosition() == AcGePoint3d::kOrigin ? a + (b - a) * 0.5 : d.textPosition();
         text(at, 2.5, std::atan2(dir.y, dir.x), label, "middle", rgb, xf);
+    }
+
+    /// A leader draws the line through its vertices (a splined one too).
+    void leader(const AcDbLeader& l, Rgb rgb, const AcGeMatrix3d& xf)
+    {
+        std::vector<AcGePoint3d> pts;
+        for (int i = 0; i < l.numVertices(); ++i)
+            pts.push_back(l.vertexAt(i));
+        add(std::move(pts), false, rgb, xf);
     }
 
     /// A multileader draws its leader lines and its text.
@@ -322,7 +334,7 @@ private:
         }
     }
 
-    /// Dimensions draw their block, leaders their vertices, multileaders their leader lines.
+    /// Dimensions draw their block, multileaders their leader lines.
     void unknown(const sim::db::UnknownEntity& u, Rgb rgb, const AcGeMatrix3d& xf, int depth)
     {
         const sim::db::RawTags& tags = u.tags;
@@ -338,17 +350,15 @@ private:
                 }
             return;
         }
-        bool leader = u.recordName == L"LEADER";
-        bool mleader = u.recordName == L"MULTILEADER";
-        if (!leader && !mleader)
+        if (u.recordName != L"MULTILEADER")
             return;
         std::vector<AcGePoint3d> pts;
-        bool inLine = leader;
+        bool inLine = false;
         for (size_t i = 0; i < tags.size(); ++i) {
             const auto& t = tags[i];
-            if (mleader && t.code == 304 && t.value == "LEADER_LINE{")
+            if (t.code == 304 && t.value == "LEADER_LINE{")
                 inLine = true;
-            else if (mleader && t.code == 305 && inLine) {
+            else if (t.code == 305 && inLine) {
                 add(std::move(pts), false, rgb, xf);
                 pts.clear();
                 inLine = false;
@@ -357,8 +367,6 @@ private:
                 pts.push_back(AcGePoint3d(number(t.value), number(tags[i + 1].value), z));
             }
         }
-        if (leader)
-            add(std::move(pts), false, rgb, xf);
     }
 
     AcDbDatabase& m_db;

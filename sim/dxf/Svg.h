@@ -1,6 +1,6 @@
 // A quick look at a drawing: model space as an SVG picture. Lines, polylines with their arcs, arcs,
 // circles, texts and multi-line texts, block references with their attributes, and the lines of
-// dimensions and leaders (kept as tag storage) in their colours; no line types, fonts or fills.
+// dimensions, leaders and multileaders in their colours; no line types, fonts or fills.
 #pragma once
 #include <string>
 

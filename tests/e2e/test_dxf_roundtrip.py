@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """A drawing that ezdxf writes, opened and saved by togu, reads back in ezdxf with the same
-entities and objects, handles, owners, layers and values: every entity class the database models,
-others it keeps as tag storage (ellipse, spline, hatch, point, dimension, leader, multileader, 3D
-polyline), extended data, extension dictionaries with xrecords, reactors, groups, an external
+entities and objects, handles, owners, layers and values: every entity class the database models
+(dimensions, leaders and multileaders among them), others it keeps as tag storage (ellipse, spline,
+hatch, point, 3D polyline), extended data, extension dictionaries with xrecords, reactors, groups, an external
 reference, paper space, and a drawing of AutoCAD 2000 in code page 1250.
 
 Usage: test_dxf_roundtrip.py <path of togu> <source dir>
