@@ -1,6 +1,7 @@
 // The drawing's entities: curves (AcDbCurve, AcDbLine, AcDbCircle, AcDbArc, AcDb2dPolyline and its
 // vertices), single-line text, block references with their attributes and attribute definitions.
 #pragma once
+#include <memory>
 #include <string>
 #include <vector>
 #include "dbmain.h"
@@ -263,16 +264,16 @@ public:
 
     AcGePoint3d position() const { return m_position; }
     Acad::ErrorStatus setPosition(const AcGePoint3d& pt);
-    AcGePoint3d alignmentPoint() const { return m_alignment; }
+    AcGePoint3d alignmentPoint() const { return m_placement.get().alignment; }
     Acad::ErrorStatus setAlignmentPoint(const AcGePoint3d& pt);
     /// Left and base line: the alignment point plays no part.
     bool isDefaultAlignment() const { return m_horz == AcDb::kTextLeft && m_vert == AcDb::kTextBase; }
-    AcGeVector3d normal() const { return m_normal; }
+    AcGeVector3d normal() const { return m_placement.get().normal; }
     Acad::ErrorStatus setNormal(const AcGeVector3d& val);
-    double thickness() const { return m_thickness; }
+    double thickness() const { return m_placement.get().thickness; }
     Acad::ErrorStatus setThickness(double val);
     /// Radians.
-    double oblique() const { return m_oblique; }
+    double oblique() const { return m_placement.get().oblique; }
     Acad::ErrorStatus setOblique(double val);
     /// Radians.
     double rotation() const { return m_rotation; }
@@ -305,11 +306,44 @@ public:
 
 private:
     friend class AcDbImpDatabase;
+    /// What few texts set: storage only once one of them leaves its default, as a drawing holds
+    /// texts and attributes by the hundred thousand.
+    struct Placement {
+        AcGePoint3d alignment;
+        AcGeVector3d normal = AcGeVector3d::kZAxis;
+        double thickness = 0.0;
+        double oblique = 0.0;
+    };
+    class OnDemandPlacement {
+    public:
+        OnDemandPlacement() = default;
+        OnDemandPlacement(const OnDemandPlacement& o) : m_p(o.m_p ? std::make_unique<Placement>(*o.m_p) : nullptr) {}
+        OnDemandPlacement(OnDemandPlacement&&) noexcept = default;
+        OnDemandPlacement& operator=(const OnDemandPlacement& o)
+        {
+            if (this != &o)
+                m_p = o.m_p ? std::make_unique<Placement>(*o.m_p) : nullptr;
+            return *this;
+        }
+        OnDemandPlacement& operator=(OnDemandPlacement&&) noexcept = default;
+        const Placement& get() const
+        {
+            static const Placement none;
+            return m_p ? *m_p : none;
+        }
+        bool made() const { return m_p != nullptr; }
+        Placement& ensure()
+        {
+            if (!m_p)
+                m_p = std::make_unique<Placement>();
+            return *m_p;
+        }
+
+    private:
+        std::unique_ptr<Placement> m_p;
+    };
     AcGePoint3d m_position;
-    AcGePoint3d m_alignment;
-    AcGeVector3d m_normal = AcGeVector3d::kZAxis;
-    double m_thickness = 0.0;
-    double m_oblique = 0.0;
+    OnDemandPlacement m_placement;
     double m_rotation = 0.0;
     double m_height = 0.0;
     double m_widthFactor = 1.0;

@@ -1,5 +1,7 @@
 // AcDbText: single-line text with its position, alignment point, height, rotation and modes.
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <cwchar>
 
 #include "dbents.h"
@@ -7,6 +9,15 @@
 #include "sim/db/Geometry.h"
 
 namespace geom = sim::db::geom;
+
+namespace {
+
+// Exactly the default, bit for bit, so that a negative zero is kept as it was set.
+bool sameBits(double a, double b) { return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b); }
+bool sameBits(const AcGePoint3d& a, const AcGePoint3d& b) { return sameBits(a.x, b.x) && sameBits(a.y, b.y) && sameBits(a.z, b.z); }
+bool sameBits(const AcGeVector3d& a, const AcGeVector3d& b) { return sameBits(a.x, b.x) && sameBits(a.y, b.y) && sameBits(a.z, b.z); }
+
+} // namespace
 
 SIM_DB_DEFINE_MEMBERS(AcDbText, AcDbEntity, L"TEXT")
 
@@ -24,7 +35,8 @@ Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& pt)
 Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& pt)
 {
     SIM_DB_ASSERT_WRITE();
-    m_alignment = pt;
+    if (m_placement.made() || !sameBits(pt, AcGePoint3d::kOrigin))
+        m_placement.ensure().alignment = pt;
     return Acad::eOk;
 }
 Acad::ErrorStatus AcDbText::setNormal(const AcGeVector3d& val)
@@ -32,13 +44,16 @@ Acad::ErrorStatus AcDbText::setNormal(const AcGeVector3d& val)
     SIM_DB_ASSERT_WRITE();
     if (val.isZeroLength())
         return Acad::eInvalidInput;
-    m_normal = val.normal();
+    AcGeVector3d n = val.normal();
+    if (m_placement.made() || !sameBits(n, AcGeVector3d::kZAxis))
+        m_placement.ensure().normal = n;
     return Acad::eOk;
 }
 Acad::ErrorStatus AcDbText::setThickness(double val)
 {
     SIM_DB_ASSERT_WRITE();
-    m_thickness = val;
+    if (m_placement.made() || !sameBits(val, 0.0))
+        m_placement.ensure().thickness = val;
     return Acad::eOk;
 }
 Acad::ErrorStatus AcDbText::setOblique(double val)
@@ -47,7 +62,8 @@ Acad::ErrorStatus AcDbText::setOblique(double val)
     // The host refuses slants of 85 degrees and more either way.
     if (std::fabs(std::remainder(val, geom::kTwoPi)) >= 85.0 * M_PI / 180.0)
         return Acad::eInvalidInput;
-    m_oblique = val;
+    if (m_placement.made() || !sameBits(val, 0.0))
+        m_placement.ensure().oblique = val;
     return Acad::eOk;
 }
 Acad::ErrorStatus AcDbText::setRotation(double val)
@@ -130,7 +146,7 @@ Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase*)
     SIM_DB_ASSERT_WRITE();
     // Without font metrics the extents are unknown: an aligned text sits at its alignment point.
     if (!isDefaultAlignment() && m_horz != AcDb::kTextAlign && m_horz != AcDb::kTextFit)
-        m_position = m_alignment;
+        m_position = m_placement.get().alignment;
     return Acad::eOk;
 }
 
@@ -138,22 +154,24 @@ Acad::ErrorStatus AcDbText::transformBy(const AcGeMatrix3d& xform)
 {
     SIM_DB_ASSERT_WRITE();
     AcGeVector3d x, y;
-    geom::ocsAxes(m_normal, x, y);
+    const AcGeVector3d normal = m_placement.get().normal;
+    geom::ocsAxes(normal, x, y);
     AcGeVector3d dir = x * std::cos(m_rotation) + y * std::sin(m_rotation);
-    AcGeVector3d up = m_normal.crossProduct(dir);
+    AcGeVector3d up = normal.crossProduct(dir);
     AcGeVector3d newDir = xform.apply(dir), newUp = xform.apply(up);
-    AcGeVector3d n = xform.apply(m_normal);
+    AcGeVector3d n = xform.apply(normal);
     if (newDir.isZeroLength() || newUp.isZeroLength() || n.isZeroLength())
         return Acad::eNotApplicable;
     n = n.normal();
     m_position = xform.apply(m_position);
-    m_alignment = xform.apply(m_alignment);
+    Placement& placement = m_placement.ensure();
+    placement.alignment = xform.apply(placement.alignment);
     m_height *= newUp.length();
     m_widthFactor *= newDir.length() / newUp.length();
     if (n.crossProduct(newDir).dotProduct(newUp) < 0)
         m_mirrorX = !m_mirrorX;
-    m_normal = n;
-    geom::ocsAxes(m_normal, x, y);
+    placement.normal = n;
+    geom::ocsAxes(n, x, y);
     m_rotation = geom::normalizeAngle(std::atan2(newDir.dotProduct(y), newDir.dotProduct(x)));
     return Acad::eOk;
 }

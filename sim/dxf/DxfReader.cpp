@@ -455,7 +455,7 @@ private:
         return id;
     }
 
-    static constexpr size_t kReportEvery = 256 << 10;
+    static constexpr size_t kReportEvery = 1 << 20;
 
     AcDbDatabase& m_db;
     std::string_view m_text;
