@@ -6,25 +6,17 @@ scales (as another program wrote it) that survives a load and save by togu.
 Usage: test_dxf_annotation.py <path of togu> <source dir>
 """
 import os
-import subprocess
 import sys
 import tempfile
 import unittest
 
 import ezdxf
 
+import togu_e2e
+from togu_e2e import run_togu
+
 TOGU = None
 SOURCE = None
-
-
-def run_togu(tmp, script, *args):
-    path = os.path.join(tmp, "test.scr")
-    with open(path, "w", encoding="utf-8") as f:
-        # The first line answers the first-run question of a fresh registry.
-        f.write("no\n" + script)
-    proc = subprocess.run([TOGU, *args, "-s", path, "--registry", os.path.join(tmp, "registry"),
-                           "--install", os.path.join(SOURCE, "data")], capture_output=True, timeout=120, cwd=tmp)
-    return proc.returncode, proc.stdout.decode("utf-8"), proc.stderr.decode("utf-8")
 
 
 def scale_names(doc):
@@ -138,4 +130,5 @@ class Annotation(unittest.TestCase):
 if __name__ == "__main__":
     TOGU = os.path.abspath(sys.argv[1])
     SOURCE = os.path.abspath(sys.argv[2])
+    togu_e2e.configure([None, TOGU, SOURCE])
     unittest.main(argv=sys.argv[:1])

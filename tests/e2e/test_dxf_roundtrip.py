@@ -9,12 +9,13 @@ Usage: test_dxf_roundtrip.py <path of togu> <source dir>
 """
 import math
 import os
-import subprocess
 import sys
 import tempfile
 import unittest
 
 import ezdxf
+
+import togu_e2e
 from ezdxf.math import Vec2, Vec3
 
 TOGU = None
@@ -22,13 +23,7 @@ SOURCE = None
 
 
 def run_togu(tmp, *args, script=""):
-    path = os.path.join(tmp, "test.scr")
-    with open(path, "w", encoding="utf-8") as f:
-        # The first line answers the first-run question of a fresh registry.
-        f.write("no\n" + script)
-    proc = subprocess.run([TOGU, *args, "-s", path, "--registry", os.path.join(tmp, "registry"),
-                           "--install", os.path.join(SOURCE, "data")], capture_output=True, timeout=120)
-    return proc.returncode, proc.stdout.decode("utf-8"), proc.stderr.decode("utf-8")
+    return togu_e2e.run_togu(tmp, script, *args)
 
 
 def rich_drawing(path):
@@ -215,4 +210,5 @@ if __name__ == "__main__":
     if len(sys.argv) < 3:
         sys.exit(__doc__)
     TOGU, SOURCE = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
+    togu_e2e.configure([None, TOGU, SOURCE])
     unittest.main(argv=sys.argv[:1], verbosity=2)

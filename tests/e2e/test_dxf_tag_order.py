@@ -8,25 +8,17 @@ Usage: test_dxf_tag_order.py <path of togu> <source dir>
 """
 import math
 import os
-import subprocess
 import sys
 import tempfile
 import unittest
 
 import ezdxf
 
+import togu_e2e
+from togu_e2e import run_togu
+
 TOGU = None
 SOURCE = None
-
-
-def run_togu(tmp, script, *args):
-    path = os.path.join(tmp, "test.scr")
-    with open(path, "w", encoding="utf-8") as f:
-        # The first line answers the first-run question of a fresh registry.
-        f.write("no\n" + script)
-    proc = subprocess.run([TOGU, *args, "-s", path, "--registry", os.path.join(tmp, "registry"),
-                           "--install", os.path.join(SOURCE, "data")], capture_output=True, timeout=120, cwd=tmp)
-    return proc.returncode, proc.stdout.decode("utf-8"), proc.stderr.decode("utf-8")
 
 
 def tags(path):
@@ -185,4 +177,5 @@ if __name__ == "__main__":
     if len(sys.argv) < 3:
         sys.exit(__doc__)
     TOGU, SOURCE = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
+    togu_e2e.configure([None, TOGU, SOURCE])
     unittest.main(argv=sys.argv[:1], verbosity=2)
