@@ -42,8 +42,10 @@ public:
     /// The entity just read said it is in paper space (67 1).
     bool paperSpace = false;
 
-private:
+    /// The symbol table a reference of this kind names.
     static sim::db::TableKind tableOf(Ref ref);
+
+private:
     struct NameHash {
         using is_transparent = void;
         size_t operator()(std::string_view s) const { return std::hash<std::string_view>()(s); }

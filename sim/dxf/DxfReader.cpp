@@ -369,7 +369,7 @@ private:
         // does not define: made, as the host does for a drawing that lacks them.
         ensureStructure(m_db);
         for (const ReadContext::Pending& p : m_cx.pending) {
-            TableKind kind = tableOf(p.ref);
+            TableKind kind = ReadContext::tableOf(p.ref);
             AcDbObjectId id = m_cx.find(kind, p.name);
             auto* table = AcDbSymbolTable::cast(sim::db::objectOf(sim::db::tableId(&m_db, kind)));
             if (id.isNull() && table)
@@ -390,24 +390,6 @@ private:
             }
         }
         applyHeader(m_db, m_header, m_cx);
-    }
-
-    static TableKind tableOf(ReadContext::Ref ref)
-    {
-        using Ref = ReadContext::Ref;
-        switch (ref) {
-        case Ref::Layer:
-            return sim::db::kLayerTable;
-        case Ref::Linetype:
-        case Ref::LayerLinetype:
-            return sim::db::kLinetypeTable;
-        case Ref::TextStyle:
-        case Ref::MTextStyle:
-            return sim::db::kTextStyleTable;
-        case Ref::Block:
-            return sim::db::kBlockTable;
-        }
-        return sim::db::kLayerTable;
     }
 
     /// A record of the name with the host's defaults, for a name the file uses but does not define.
