@@ -1,6 +1,7 @@
 // The shape compiler of tools/shx: exact bytes of a compiled file, the encodings of signed values,
 // the limits of the format on both sides, faults of the source reported with their line, and the
 // shipped TG_IS.shx being the compiled form of its source.
+#include "SourceDir.h"
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -161,7 +162,7 @@ TEST(ShapeCompiler, ReportsFaultsOfTheSourceAtTheirLine)
 
 TEST(ShapeCompiler, ShippedShapeFileIsTheCompiledFormOfItsSource)
 {
-    const std::string lin = std::string(TOGU_SOURCE_DIR) + "/data/LIN/";
+    const std::string lin = toguSourceDir() + "/data/LIN/";
     Bytes source = ReadFile(lin + "src/TG_IS.shp");
     ASSERT_FALSE(source.empty());
     Bytes shx = shx::compileShp(std::string(source.begin(), source.end()));

@@ -1,6 +1,7 @@
 // The installed line type files: every line type the layer catalogue names is defined in
 // TG_zakladni_cary.lin, every shape TG_IS.lin draws is in TG_IS.shx, and each definition keeps to
 // what the host's loader accepts.
+#include "SourceDir.h"
 #include <gtest/gtest.h>
 
 #include <cwchar>
@@ -17,7 +18,7 @@
 
 namespace {
 
-const std::string kLin = std::string(TOGU_SOURCE_DIR) + "/data/LIN/";
+const std::string kLin = toguSourceDir() + "/data/LIN/";
 
 std::string ReadBytes(const std::string& path)
 {

@@ -2,6 +2,7 @@
 // (the line type files), the system loaded with the first-run question answered, and small readers of
 // what the drawing then holds.
 #pragma once
+#include "SourceDir.h"
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -19,7 +20,7 @@ protected:
                    (std::string("togu-creators-") + test->test_suite_name() + "-" + test->name());
         std::filesystem::remove_all(m_slozka);
         std::filesystem::create_directories(m_slozka);
-        const std::wstring data = sim::fromUtf8(TOGU_SOURCE_DIR "/data/");
+        const std::wstring data = sim::fromUtf8(toguSourceDir() + "/data/");
         const std::wstring vyrobce = L"HKEY_LOCAL_MACHINE\\Software\\Togvarnik";
         const std::wstring produkt = vyrobce + L"\\Togovy Utility";
         sim::win32::writeMachineFile(m_slozka, {{produkt, L"InstallPath", data},

@@ -1,9 +1,10 @@
 // Line types loaded from the shipped .lin files: plain patterns, texts that need their style, shapes
 // that need their shape file's style, and the statuses the system's loader relies on (0 and 95).
+#include "SourceDir.h"
 #include "DbFixture.h"
 
 namespace {
-const std::wstring kLin = std::wstring(L"" TOGU_SOURCE_DIR) + L"/data/LIN/";
+const std::wstring kLin = std::filesystem::path(toguSourceDir() + "/data/LIN/").wstring();
 }
 
 class LinetypeFiles : public DbFixture {
