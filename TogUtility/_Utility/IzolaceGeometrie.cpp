@@ -377,3 +377,38 @@ std::vector<PolylineIzolace> VytvorIzolaci(const std::vector<IzolaceSegment>& se
     }
     return vysledek;
 }
+
+bool OsaMeziHranami(const AcGePoint3d& s1, const AcGePoint3d& e1, const AcGePoint3d& s2, const AcGePoint3d& e2,
+                    AcGePoint3d& od, AcGePoint3d& doBodu, double& tloustka)
+{
+    AcGeVector3d a = e1 - s1, b = e2 - s2;
+    if (a.length() < kNula || b.length() < kNula)
+        return false;
+    a = a / a.length();
+    b = b / b.length();
+    if (std::fabs(a.dotProduct(b)) < 0.999999) {
+        acutPrintf(L"\nHrany nejsou rovnobezne.");
+        return false;
+    }
+    AcGeVector3d n(-a.y, a.x, 0.0);
+    if (n.length() < kNula)
+        return false;
+    n = n / n.length();
+    const double d = (s2 - s1).dotProduct(n);
+    if (std::fabs(d) < kNula) {
+        acutPrintf(L"\nHrany maji nulovou vzdalenost.");
+        return false;
+    }
+    const double t = (e1 - s1).dotProduct(a);
+    const double u0 = (s2 - s1).dotProduct(a), u1 = (e2 - s1).dotProduct(a);
+    const double lo = std::max(std::min(0.0, t), std::min(u0, u1));
+    const double hi = std::min(std::max(0.0, t), std::max(u0, u1));
+    if (!(lo + kNula < hi)) {
+        acutPrintf(L"\nVybrane hrany nemaji spolecny delkovy rozsah.");
+        return false;
+    }
+    od = s1 + a * lo + n * (d / 2.0);
+    doBodu = s1 + a * hi + n * (d / 2.0);
+    tloustka = std::fabs(d);
+    return true;
+}

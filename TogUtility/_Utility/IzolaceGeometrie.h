@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 #include "gepnt2d.h"
+#include "gepnt3d.h"
 #include "gevec2d.h"
 
 /// One piece of the axis. Angles in radians; `Uhel` is the signed sweep, positive counter-clockwise.
@@ -88,3 +89,9 @@ std::optional<PolylineIzolace> PolylineSegmentu(const IzolaceSegment& segment, d
 /// The band along a chain of segments: one polyline per segment, neighbours meeting on the cut through
 /// their shared vertex. Throws CTogException on failure.
 std::vector<PolylineIzolace> VytvorIzolaci(const std::vector<IzolaceSegment>& segmenty, double TL);
+
+/// The axis halfway between two parallel edges (lines S1-E1 and S2-E2), over the stretch where both
+/// run side by side, and their distance as the thickness. Prints the reason and gives false when the
+/// edges aren't parallel, lie on one line or don't overlap.
+bool OsaMeziHranami(const AcGePoint3d& s1, const AcGePoint3d& e1, const AcGePoint3d& s2, const AcGePoint3d& e2,
+                    AcGePoint3d& od, AcGePoint3d& doBodu, double& tloustka);
