@@ -50,6 +50,7 @@ std::wstring describeControl(CDialog& dlg, int id, bool withTip)
     case Kind::PushButton: line += L"<" + c->text + L">"; break;
     case Kind::GroupBox: line += L"-- " + c->text + L" --"; break;
     case Kind::Link: line += L"odkaz: " + c->text; break;
+    case Kind::Spin: line += L"číselník " + std::to_wstring(c->spinPos); break;
     case Kind::Tree:
     case Kind::List: {
         line += c->kind == Kind::Tree ? L"strom:" : L"seznam:";
@@ -60,7 +61,8 @@ std::wstring describeControl(CDialog& dlg, int id, bool withTip)
             line += i ? L"; " : L" ";
             if (c->kind == Kind::Tree && (c->style & TVS_CHECKBOXES))
                 line += it.checked ? L"[x] " : L"[ ] ";
-            if (static_cast<int>(i) == c->selectedItem)
+            const bool multiple = c->kind == Kind::List && (c->style & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL));
+            if (multiple ? it.selected : static_cast<int>(i) == c->selectedItem)
                 line += L">";
             line += it.text;
         }
