@@ -147,19 +147,17 @@ bool CTogXRecord::UlozChain(const ACHAR* klic, resbuf* chain)
     if (chain == nullptr)
         return false;
     try {
-        AcDbDictionaryPointer slovnik;
-        OtevriSlovnikProZapis(slovnik);
+        // The record is filled before it goes in: a chain it refuses leaves the older entry as it was.
         AcDbObjectPointer<AcDbXrecord> zaznam;
         zaznam.create();
+        if (zaznam->setFromRbChain(*chain) != Acad::eOk)
+            return false;
+        AcDbDictionaryPointer slovnik;
+        OtevriSlovnikProZapis(slovnik);
         AcDbObjectId id;
         // setAt replaces an older entry of the same key.
         if (slovnik->setAt(klic, zaznam, id) != Acad::eOk)
             throw CTogException("Nepodařilo se vytvořit záznam XRecord v AcDbDictionary", __LINE__, __FILE__);
-        slovnik.close();
-        Acad::ErrorStatus es = zaznam->setFromRbChain(*chain);
-        zaznam.close();
-        if (es != Acad::eOk)
-            return false;
         acutRelRb(chain);
         return true;
     } catch (const std::exception& e) {
