@@ -233,7 +233,8 @@ public:
     void EnableDynamicLayout(BOOL bEnable = TRUE);
 
     // The mouse. The model lays a dialog's controls one below the other on the screen; a window that
-    // captures the mouse hears it until it releases it. Timers tick only when the platform says so.
+    // captures the mouse hears it until it releases it. The model's timers never tick: a list shows
+    // all its items, so there is nothing to scroll.
     void ClientToScreen(LPPOINT lpPoint) const;
     void ScreenToClient(LPPOINT lpPoint) const;
     CWnd* SetCapture();

@@ -45,6 +45,8 @@ CTogMultiTrubky::CTogMultiTrubky()
     if (Hladiny.size() < 2)
         Hladiny.assign(std::begin(kVychoziHladiny), std::end(kVychoziHladiny));
     NajdiHladiny();
+    // 20 mm serves the points only: the directions of the corner checks are compared as unit vectors
+    // (MultiTrubkyGeometrie), since 20 as a vector tolerance would call any two directions equal.
     const double tolerance = CTogFunkceDWG::Jednotek20mm(db);
     Tolerance.setEqualPoint(tolerance);
     Tolerance.setEqualVector(tolerance);
