@@ -94,6 +94,18 @@ class Mut(unittest.TestCase):
             self.assertEqual([(l.dxf.layer, xy(l.dxf.start)) for l in ls],
                              [("TU_ZT-voda_TUV", (0, -50)), ("TU_ZT-voda_SV", (0, 0))])
 
+    def test_one_pipe_is_refused_and_cancel_keeps_the_layers(self):
+        with tempfile.TemporaryDirectory() as tmp:
+            # The spinner steps by 10 mm from the typed value; Cancel keeps the layers and the spacing.
+            script = ("mut\n\nclick 2112\nselect 2101 12\nclick 2116\nok\nok\nset 2108 125\nspin 2118 down\n"
+                      "cancel\n0,0\n500,0\n\n")
+            doc, out = run(tmp, script)
+            self.assertIn("Je nutné vybrat minimálně dvě trubky", out)
+            self.assertIn("2108 pole [120]", out)
+            ls = lines(doc)
+            self.assertEqual([l.dxf.layer for l in ls], ["TU_ZT-voda_SV", "TU_ZT-voda_TUV", "TU_ZT-voda_CIRK"])
+            self.assertEqual([xy(l.dxf.start) for l in ls], [(0, 0), (0, 100), (0, 200)])
+
 
 class Sp(unittest.TestCase):
     def drawing(self, tmp):
