@@ -209,9 +209,15 @@ public:
     void Invalidate(BOOL bErase = TRUE);
     BOOL GetWindowRect(LPRECT lpRect) const;
     BOOL GetClientRect(LPRECT lpRect) const;
+    /// Client coordinates of this window from screen ones (the model's windows stand at the origin).
+    void ScreenToClient(LPRECT lpRect) const;
     HICON SetIcon(HICON hIcon, BOOL bBigIcon);
     void EnableDynamicLayout(BOOL bEnable = TRUE);
 
+    /// Makes this object a child window of the class under the parent, with the id. Inside a running
+    /// dialog the child joins its controls, after those of the resource.
+    virtual BOOL Create(LPCWSTR lpszClassName, LPCWSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
+                        CWnd* pParentWnd, UINT nID);
     /// Delivers the message to WindowProc at once.
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
