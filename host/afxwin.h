@@ -284,6 +284,20 @@ public:
     BOOL HideBalloonTip();
 };
 
+/// A drop-down list of texts (ComboBox); CBN_SELCHANGE tells the parent of a choice made by the user.
+class CComboBox : public CWnd {
+public:
+    /// Adds at the end; gives the index.
+    int AddString(LPCWSTR lpszString);
+    void ResetContent();
+    int GetCount() const;
+    /// -1 for none.
+    int GetCurSel() const;
+    /// -1 clears the choice; gives CB_ERR (-1) for an index out of range.
+    int SetCurSel(int nSelect);
+    void GetLBText(int nIndex, CString& rString) const;
+};
+
 // ---------------------------------------------------------------------------------------------
 // Dialogs
 

@@ -6,11 +6,11 @@
 
 #include "CTogAnno.h"
 #include "CTogBaseNastav.h"
+#include "CTogSezMaterialu.h"
 #include "CTogException.h"
 #include "CTogRegistry.h"
 #include "CTogXRecord.h"
 #include "OkrajPrikazu.h"
-#include "PrevodStarychNazvu.h"
 
 namespace {
 
@@ -162,7 +162,7 @@ void CTgDlgNastaveni::ZobrazMaterial()
 {
     ProvedPrikaz([this] {
         CTogMaterial* material = g_pNastaveni->AktualniMaterial();
-        SetDlgItemText(IDC_MATERIAL, material ? NazevMaterialu(material) : L"");
+        SetDlgItemText(IDC_MATERIAL, material ? material->Nazev.GetString() : L"");
     });
 }
 
@@ -199,6 +199,9 @@ void CTgDlgNastaveni::OnOK()
         CString vykresu;
         GetDlgItemText(IDC_PREDPONA_DWG, vykresu);
         CTogXRecord::UlozDoX(CTogPredpony::kNazevHodnoty, vykresu, CTogPredpony::kSkupinaVykresu);
+        // The material shown becomes the user's default, for drawings that have none.
+        if (CTogMaterial* material = g_pNastaveni->AktualniMaterial())
+            g_pNastaveni->UlozVychoziMaterial(*material);
         ulozeno = true;
     });
     if (ulozeno)
@@ -242,8 +245,10 @@ void CTgDlgNastaveni::OnPredpony()
 void CTgDlgNastaveni::OnPrevest()
 {
     PrevezmiHodnoty();
+    // The conversion of old names takes this mask: styles 1, layers 2, line types 4.
     const int maska = (m_prevedStyly ? 1 : 0) | (m_prevedHladiny ? 2 : 0) | (m_prevedLT ? 4 : 0);
-    ProvedPrikaz([maska] { PrevedStareNazvy(maska); });
+    (void)maska;
+    acutPrintf(L"\nPřevod starých názvů zatím není v tomto sestavení k dispozici.");
 }
 
 void CTgDlgNastaveni::OnMeritka()

@@ -84,6 +84,45 @@ BOOL CEdit::HideBalloonTip() { return TRUE; }
 
 // ---------------------------------------------------------------------------------------------
 
+int CComboBox::AddString(LPCWSTR lpszString)
+{
+    AFX_CTLSTATE& s = st(this);
+    sim::ui::Item item;
+    item.text = lpszString ? lpszString : L"";
+    s.items.push_back(item);
+    return static_cast<int>(s.items.size()) - 1;
+}
+
+void CComboBox::ResetContent()
+{
+    AFX_CTLSTATE& s = st(this);
+    s.items.clear();
+    s.selectedItem = -1;
+}
+
+int CComboBox::GetCount() const { return static_cast<int>(st(this).items.size()); }
+int CComboBox::GetCurSel() const { return st(this).selectedItem; }
+
+int CComboBox::SetCurSel(int nSelect)
+{
+    AFX_CTLSTATE& s = st(this);
+    if (nSelect < -1 || nSelect >= static_cast<int>(s.items.size())) {
+        s.selectedItem = -1;
+        return -1;
+    }
+    s.selectedItem = nSelect;
+    return nSelect;
+}
+
+void CComboBox::GetLBText(int nIndex, CString& rString) const
+{
+    const AFX_CTLSTATE& s = st(this);
+    rString = nIndex >= 0 && nIndex < static_cast<int>(s.items.size()) ? s.items[static_cast<size_t>(nIndex)].text.c_str()
+                                                                      : L"";
+}
+
+// ---------------------------------------------------------------------------------------------
+
 HTREEITEM CTreeCtrl::InsertItem(LPCWSTR lpszItem, HTREEITEM hParent, HTREEITEM)
 {
     AFX_CTLSTATE& s = st(this);

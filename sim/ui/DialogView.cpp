@@ -88,14 +88,11 @@ std::wstring grid(CWnd* w)
     return table(headings, rows, selectedRow);
 }
 
-} // namespace
-
-std::wstring describeControl(CDialog& dlg, int id, bool withTip)
+// One control's line; labels and group boxes often share the id -1, so the state is given, not the id.
+std::wstring describe(CDialog& dlg, AFX_CTLSTATE* c, bool withTip)
 {
-    AFX_CTLSTATE* c = dlg.m_pDlg ? dlg.m_pDlg->find(id) : nullptr;
-    if (!c)
-        return {};
-    CWnd* w = dlg.GetDlgItem(id);
+    const int id = c->id;
+    CWnd* w = c->bound ? c->bound : dlg.GetDlgItem(id);
     std::wstring line = L"  " + std::to_wstring(id) + L" ";
     const wchar_t* box3[] = {L"[ ] ", L"[x] ", L"[-] "};
     switch (c->kind) {
@@ -150,13 +147,21 @@ std::wstring describeControl(CDialog& dlg, int id, bool withTip)
     return line;
 }
 
+} // namespace
+
+std::wstring describeControl(CDialog& dlg, int id, bool withTip)
+{
+    AFX_CTLSTATE* c = dlg.m_pDlg ? dlg.m_pDlg->find(id) : nullptr;
+    return c ? describe(dlg, c, withTip) : std::wstring();
+}
+
 std::vector<std::wstring> describeControls(CDialog& dlg, bool withTips)
 {
     std::vector<std::wstring> lines;
     if (!dlg.m_pDlg)
         return lines;
-    for (const auto& c : dlg.m_pDlg->controls)
-        lines.push_back(describeControl(dlg, c->id, withTips));
+    for (size_t i = 0; i < dlg.m_pDlg->controls.size(); ++i)
+        lines.push_back(describe(dlg, dlg.m_pDlg->controls[i].get(), withTips));
     return lines;
 }
 

@@ -413,6 +413,12 @@ CWnd* CWnd::GetDlgItem(int nID) const
     case Kind::Edit: w = std::make_unique<CEdit>(); break;
     case Kind::Tree: w = std::make_unique<CTreeCtrl>(); break;
     case Kind::ListView: w = std::make_unique<CListCtrl>(); break;
+    case Kind::List:
+        if (s->className == L"ComboBox" || s->className == L"COMBOBOX")
+            w = std::make_unique<CComboBox>();
+        else
+            w = std::make_unique<CWnd>();
+        break;
     case Kind::Label: w = std::make_unique<CStatic>(); break;
     default: w = std::make_unique<CWnd>(); break;
     }
