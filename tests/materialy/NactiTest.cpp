@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include <htmlhelp.h>
+
 #include "Bajty.h"
 #include "CTogBaseNastav.h"
 #include "CTogRegistry.h"
@@ -180,4 +182,12 @@ TEST_F(Katalog, BadValuesAreReplacedWithAWarningThatCanBeSilenced)
     ASSERT_TRUE(seznam.Nacti(false));
     EXPECT_THAT(Text(), HasSubstr("Nalezena chybná hodnota"));
     g_pNastaveni = nullptr;
+}
+
+TEST_F(Katalog, HelpViewerShowsTheFileAndTheContext)
+{
+    Spust();
+    HtmlHelpW(nullptr, L"c:\\Program Files\\Togvarnik\\Common\\Materialy\\Materiály - help.chm", HH_HELP_CONTEXT, 5);
+    EXPECT_THAT(Text(), HasSubstr("[Nápověda] c:\\Program Files\\Togvarnik\\Common\\Materialy\\Materiály - help.chm, "
+                                  "kontext 5"));
 }
