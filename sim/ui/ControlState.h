@@ -11,7 +11,9 @@
 
 namespace sim::ui {
 
-enum class Kind { Other, PushButton, CheckBox, ThreeState, Radio, GroupBox, Edit, Label, Tree, List, Link, Spin };
+/// Grid: the tree view with columns (window class "TreeList"), read and driven through its messages.
+/// ListView: a list view in report mode, rows under column headings.
+enum class Kind { Other, PushButton, CheckBox, ThreeState, Radio, GroupBox, Edit, Label, Tree, List, Link, Spin, Grid, ListView };
 
 /// The kind of a control from its window class and style.
 Kind kindOf(const std::wstring& className, DWORD style);
@@ -22,6 +24,7 @@ struct Item {
     bool checked = false;
     bool selected = false; ///< in a list of multiple selection
     DWORD_PTR data = 0;
+    std::vector<std::wstring> cells; ///< a list view's texts of the columns after the first
 };
 
 /// A list item's height in pixels and the screen's gap between two controls of a dialog, which the
@@ -54,6 +57,7 @@ struct AFX_CTLSTATE {
     int topIndex = 0;
     int spinPos = 0, spinLower = 0, spinUpper = 100; ///< an up-down control's position and range
     LCID locale = 0x0409;
+    std::vector<std::wstring> columns; ///< a list view's column headings
     std::wstring tooltip;
     std::vector<std::wstring> painted;
     int acceptedChars = 0; ///< characters an edit took, for the runner to see refused keys
