@@ -5,6 +5,7 @@
 #include "Utility.h"
 #include "OkrajPrikazu.h"
 #include "_Hlavni/ZatimNeni.h"
+#include "InfoEntity.h"
 #include "VyskySpady.h"
 
 namespace {
@@ -20,9 +21,9 @@ void PrikazVvs() { ProvedPrikaz(HloubkaSachty); }
 
 void PrikazVvvv() { ProvedPrikaz(SpadMeziSachtami); }
 
-void PrikazLi() { ProvedPrikaz([] { PrikazZatimNeni(L"li"); }); }
+void PrikazLi() { ProvedPrikaz(UkazInfoEntity); }
 
-void PrikazPro() { ProvedPrikaz([] { PrikazZatimNeni(L"pro"); }); }
+void PrikazPro() { ProvedPrikaz(ObratKrivky); }
 
 void PrikazNactiGPS() { ProvedPrikaz([] { NactiBody(0); }); }
 
