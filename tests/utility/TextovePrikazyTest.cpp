@@ -191,3 +191,40 @@ TEST_F(TextovePrikazyTest, MatNahradiDefiniciTextemSeZnackou)
     delete it;
     EXPECT_EQ(texty, 1);
 }
+
+TEST_F(TextovePrikazyTest, MtcfCistiMTextIMultiodkaz)
+{
+    SpustSeSystemem("all\n\n");
+    auto* m = new AcDbMText;
+    m->setContents(L"{\\fArial|b1;\\H2x;Šachta} Š1\\Pdno");
+    AcDbObjectId idMTextu = Model(m);
+    auto* ml = new AcDbMLeader;
+    AcDbMText obsah;
+    obsah.setContents(L"\\C1;DN 100");
+    ml->setContentType(AcMLeaderStyle::kMTextContent);
+    ml->setMText(&obsah);
+    AcDbObjectId idOdkazu = Model(ml);
+    OdstranFormatovani();
+    AcDbObjectPointer<AcDbMText> mt(idMTextu);
+    AcString s;
+    mt->contents(s);
+    EXPECT_STREQ(s.kwszPtr(), L"Šachta Š1\\Pdno") << sim::toUtf8(Zaznam());
+    AcDbObjectPointer<AcDbMLeader> odkaz(idOdkazu);
+    std::unique_ptr<AcDbMText> text(odkaz->mtext());
+    ASSERT_NE(text, nullptr);
+    text->contents(s);
+    EXPECT_STREQ(s.kwszPtr(), L"DN 100");
+}
+
+TEST_F(TextovePrikazyTest, EdNaMTextBereDalsiRadek)
+{
+    SpustSeSystemem("l\nNový\\Pobsah\n");
+    auto* m = new AcDbMText;
+    m->setContents(L"starý");
+    AcDbObjectId id = Model(m);
+    EditujText();
+    AcDbObjectPointer<AcDbMText> mt(id);
+    AcString s;
+    mt->contents(s);
+    EXPECT_STREQ(s.kwszPtr(), L"Nový\\Pobsah") << sim::toUtf8(Zaznam());
+}
