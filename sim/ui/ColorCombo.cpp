@@ -24,9 +24,9 @@ AFX_CTLSTATE& st(const CWnd* w)
 std::wstring name(const AcCmColor& c)
 {
     if (c.isByLayer())
-        return L"ByLayer";
+        return L"DleHlad";
     if (c.isByBlock())
-        return L"ByBlock";
+        return L"DleBlok";
     if (c.isByACI()) {
         static const wchar_t* const standard[] = {L"", L"Červená", L"Žlutá", L"Zelená", L"Azurová", L"Modrá", L"Purpurová", L"Bílá"};
         const int i = c.colorIndex();
