@@ -95,5 +95,5 @@ protected:
     CTreeListCtrl m_strom;
 };
 
-/// Compares the materials of two rows by name, without regard to case and diacritics.
+/// Compares the materials of two rows by name: Czech order, without regard to case.
 int CALLBACK PorovnejNazvyMaterialu(LPARAM a, LPARAM b, LPARAM);
