@@ -176,3 +176,36 @@ TEST_F(Vyber, ProfilJeTrebaVybratAOkBezMaterialuNepusti)
     EXPECT_EQ(prazdny.DoModal(), IDCANCEL);
     EXPECT_THAT(Text(), HasSubstr("Není vybrána žádný materiál"));
 }
+
+TEST_F(Editor, NacteniSouboruPridaMaterialyAPoskozenySouborOhlasi)
+{
+    namespace fs = std::filesystem;
+    const fs::path jiny = m_koren / "jiny.tgp";
+    {
+        // A catalogue of its own, and a copy of it cut short.
+        CTogSezMaterialu seznam;
+        CTogMaterial* m = seznam.Vloz(std::make_unique<CTogMaterial>(&seznam, L"Kamenina"));
+        m->PnIndex = 0;
+        m->SdrIndex = 0;
+        m->GenerujRadu(10, 12);
+        CFile f(sim::fromUtf8(jiny.string()).c_str(), CFile::modeCreate | CFile::modeWrite);
+        CArchive ar(&f, CArchive::store);
+        seznam.Serialize(ar);
+        ar.Close();
+        f.Close();
+    }
+    fs::copy_file(jiny, m_koren / "kratky.tgp");
+    fs::resize_file(m_koren / "kratky.tgp", fs::file_size(jiny) - 10);
+    const std::string skript = "click 11058\n" + jiny.string() + "\nyes\nclick 11058\n" + (m_koren / "kratky.tgp").string() +
+                               "\nno\nok\nok\n";
+    Spust(skript, {{L"Ocel", 1}});
+    CTogSezMaterialu& katalog = g_pNastaveni->Katalog();
+    CTgDlgMatEdituj dlg(&katalog, kFiltrVse, nullptr);
+    ASSERT_EQ(dlg.DoModal(), IDOK) << Text();
+    EXPECT_THAT(Text(), HasSubstr("Chyba při čtení ze souboru"));
+    // Yes cleared the list before the first file; the damaged one leaves the list as it was.
+    EXPECT_EQ(katalog.NajdiMaterial(L"Ocel"), nullptr);
+    const CTogMaterial* kamenina = katalog.NajdiMaterial(L"Kamenina");
+    ASSERT_NE(kamenina, nullptr) << Text();
+    EXPECT_EQ(kamenina->Profily.size(), 3u);
+}
