@@ -6,14 +6,12 @@
 #include <afx.h>
 #include <commdlg.h>
 
-#include <cmath>
 #include <cwchar>
 #include <vector>
 
 #include "CTgDlgGetDN.h"
 #include "CTgDlgMatPopis.h"
 #include "CTogException.h"
-#include "CTogFunkce.h"
 #include "CTogRegistry.h"
 #include "OkrajPrikazu.h"
 #include "PrvkyMaterialu.h"

@@ -10,7 +10,6 @@
 #include "CTogException.h"
 #include "CTogFunkce.h"
 #include "wincrt.h"
-#include "CTogRegistry.h"
 #include "OkrajPrikazu.h"
 #include "PrvkyMaterialu.h"
 #include "TabulkyMaterialu.h"

@@ -86,7 +86,6 @@ protected:
     void PrevezmiFiltr();
     void OnEditace();
     HTREEITEM RadekProfilu(const CTogProfil* profil) const;
-    CTreeListCtrl& Strom() { return m_strom; }
 
     CTogSezMaterialu* m_seznam;
     std::uint64_t m_filtr;
