@@ -116,6 +116,21 @@ class MaterialDialogs(unittest.TestCase):
             with open(user, "rb") as f:
                 self.assertEqual(len(f.read()), len(whole) * 2 // 3, "the damaged file is left as it was")
 
+    def test_newer_catalogue_is_reported_and_left_alone(self):
+        with tempfile.TemporaryDirectory() as tmp:
+            folder = os.path.join(tmp, "registry", "data", "Materialy")
+            os.makedirs(folder)
+            user = os.path.join(folder, "Potrubi_2026.tgp")
+            with open(user, "wb") as f:
+                f.write(bytes([4, 0xFF]))
+            status, text, err = togu_e2e.run_togu(tmp, "tuset\nok\nok\ncancel\n")
+            self.assertEqual(status, 0, text + err)
+            self.assertIn("Nelze načíst, soubor byl uložen vyšší verzí programu, aktualizujte program", text)
+            # Nothing of it was read: the predefined material stands in, and the file is not written over.
+            self.assertIn("V databázi materiálů nejsou žádné materiály pro ZTI", text)
+            with open(user, "rb") as f:
+                self.assertEqual(f.read(), bytes([4, 0xFF]))
+
 
 if __name__ == "__main__":
     togu_e2e.configure(sys.argv)
