@@ -39,7 +39,8 @@ double UhelZdroje(AcDbEntity* zdroj)
         ads_point konec = {v.x, v.y, v.z};
         return acutAngle(kPocatek, konec);
     };
-    if (auto* cara = AcDbLine::cast(zdroj); cara && zdroj->isA() == AcDbLine::desc()) {
+    if (zdroj->isA() == AcDbLine::desc()) {
+        auto* cara = static_cast<AcDbLine*>(zdroj);
         ads_point a = {cara->startPoint().x, cara->startPoint().y, cara->startPoint().z};
         ads_point b = {cara->endPoint().x, cara->endPoint().y, cara->endPoint().z};
         return acutAngle(a, b);

@@ -2,7 +2,7 @@
 #include "StdAfx.h"
 #include "VyskySpady.h"
 
-#include <cmath>
+#include <memory>
 
 #include "CTogException.h"
 #include "CTogFunkce.h"
