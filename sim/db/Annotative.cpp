@@ -51,7 +51,7 @@ const wchar_t* contextDataRecord(const AcRxObject* obj)
 bool canBeAnnotative(const AcRxObject* obj)
 {
     return contextDataRecord(obj) || AcDbTextStyleTableRecord::cast(obj) || AcDbDimStyleTableRecord::cast(obj) ||
-           AcDbMLeaderStyle::cast(obj);
+           AcDbMLeaderStyle::cast(obj) || AcDbBlockTableRecord::cast(obj);
 }
 
 AcDbObjectId entryOf(AcDbObjectId dictId, const wchar_t* key)

@@ -207,6 +207,10 @@ AcDbObjectId buildRepresentation(AcDbDatabase* db, AcDbObjectId definitionId, co
     Chain tag(acutBuildList(AcDb::kDxfRegAppName, kBlockRepApp, AcDb::kDxfXdInteger16, 1, AcDb::kDxfXdHandle, handle, 0),
               acutRelRb);
     rep->setXData(tag.get());
+    // An annotative definition shows through an annotative block.
+    Chain annotative(def->xData(L"AcadAnnotative"), acutRelRb);
+    if (annotative)
+        rep->setXData(annotative.get());
     for (AcDbObjectId id : entityIds(def.object())) {
         AcDbEntityPointer src(id, AcDb::kForRead);
         if (src.openStatus() != Acad::eOk)
