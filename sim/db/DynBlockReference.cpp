@@ -176,6 +176,13 @@ bool apply(AcDbEntity& e, const std::vector<DynamicAction>& actions, const std::
     return true;
 }
 
+/// The X scale of a reference, as a length: distances of its block are this many drawing units.
+double referenceScale(const AcDbBlockReference& ref)
+{
+    const double sx = std::fabs(ref.scaleFactors().sx);
+    return sx > 0.0 ? sx : 1.0;
+}
+
 AcDbObjectId idOfHandle(AcDbDatabase* db, const wchar_t* hex)
 {
     AcDbObjectId id;
@@ -295,6 +302,11 @@ std::vector<DynamicProperty> currentProperties(const AcDbBlockReference& ref, Ac
     if (!def)
         return {};
     std::vector<DynamicProperty> props = dynamicProperties(*def);
+    // Distances read in the drawing's units: the definition's, in block units, scaled as the
+    // reference is.
+    for (DynamicProperty& p : props)
+        if (p.value.kind == DynamicValue::kReal)
+            p.value.real *= referenceScale(ref);
     for (const DynamicProperty& own : dynamicProperties(ref))
         for (DynamicProperty& p : props)
             if (p.name == own.name && p.value.kind == own.value.kind)
@@ -308,7 +320,11 @@ Acad::ErrorStatus showCurrentValues(AcDbBlockReference& ref)
     AcDbObjectId def = dynamicDefinitionOf(old);
     if (def.isNull())
         return Acad::eNotApplicable;
-    AcDbObjectId rep = buildRepresentation(ref.database(), def, currentProperties(ref, def));
+    std::vector<DynamicProperty> values = currentProperties(ref, def);
+    for (DynamicProperty& p : values)
+        if (p.value.kind == DynamicValue::kReal)
+            p.value.real /= referenceScale(ref);
+    AcDbObjectId rep = buildRepresentation(ref.database(), def, values);
     if (rep.isNull())
         return Acad::eInvalidContext;
     Acad::ErrorStatus es = ref.setBlockTableRecord(rep);

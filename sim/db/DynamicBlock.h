@@ -79,7 +79,8 @@ resbuf* dynamicActionsXData(const std::vector<DynamicAction>& actions);
 /// The dynamic block a block table record stands for: itself when it is a dynamic definition, the
 /// definition an anonymous representation names, else null.
 AcDbObjectId dynamicDefinitionOf(AcDbObjectId btrId);
-/// The current values of a reference: the definition's properties with the reference's values.
+/// The current values of a reference: the definition's properties with the reference's values;
+/// distances in drawing units (the definition's default times the reference's X scale).
 std::vector<DynamicProperty> currentProperties(const AcDbBlockReference& ref, AcDbObjectId definition);
 /// Makes the reference (open for write) show its values: a new anonymous block built from the
 /// definition, the reference pointed to it, its attributes moved where their definitions went. An

@@ -63,11 +63,11 @@ TEST_F(LevelMarkBlock, ReferenceShowsItsValues)
     bool leader = false, triangleBelow = false;
     for (AcDbObjectId id : sim::db::entityIds(rep)) {
         if (auto* line = AcDbLine::cast(sim::db::objectOf(id)); line && line->startPoint().isEqualTo(AcGePoint3d::kOrigin))
-            leader = line->endPoint().isEqualTo(AcGePoint3d(25, 0, 0));
+            leader = line->endPoint().isEqualTo(AcGePoint3d(-25, 0, 0)); // back to the levelled point
         if (auto* pl = AcDbPolyline::cast(sim::db::objectOf(id))) {
             AcGePoint3d p;
             pl->getPointAt(1, p);
-            triangleBelow = p.y < 0 && std::abs(p.x - 25) < 2;
+            triangleBelow = p.y < 0 && std::abs(p.x) < 2;
         }
     }
     EXPECT_TRUE(leader);

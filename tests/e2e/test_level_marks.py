@@ -111,7 +111,9 @@ class LevelMarks(unittest.TestCase):
             self.assertAlmostEqual(leader[2]["DL_ODKAZU"], 50.0)
             self.assertEqual(leader[2]["ZRC_HORIZ_ODKAZU"], 1)  # dragged to the left
             lines = [e for e in doc.blocks.get(leader[0].dxf.name) if e.dxftype() == "LINE"]
-            self.assertTrue(any(abs(line.dxf.end.x + 50.0) < 1e-9 for line in lines))
+            # The mark went where it was dragged; its leader runs back to the levelled point.
+            self.assertAlmostEqual(leader[0].dxf.insert.x, -30.0)
+            self.assertTrue(any(abs(line.dxf.end.x - 50.0) < 1e-9 for line in lines))
             below = [f for f in found if f[2]["ZRC_VERT"] == 1]
             self.assertEqual(len(below), 1)
             # The drawing renders with ezdxf's drawing add-on.
