@@ -121,7 +121,8 @@ BOOL CTgDlgNastaveniKaceny::OnInitDialog()
 
     Prekontroluj();
     JednotkyPodlePrepoctu();
-    Dostupnost(true);
+    // An absolute setting keeps the absolute height unavailable from the start.
+    Dostupnost(IsDlgButtonChecked(IDC_ABSOLUTNI) != BST_CHECKED);
     return TRUE;
 }
 

@@ -136,6 +136,20 @@ class LevelMarks(unittest.TestCase):
             with open(second, "rb") as a, open(third, "rb") as b:
                 self.assertEqual(a.read(), b.read())
 
+    def test_undo_and_cancelled_drag_leave_nothing(self):
+        with tempfile.TemporaryDirectory() as tmp:
+            out_path = os.path.join(tmp, "out.dxf")
+            script = "kac\n0,0\nZ\nO\n10,0\n^C\n^C\n"
+            status, out, err = togu_e2e.run_togu(tmp, script, "-o", out_path)
+            self.assertEqual(status, 0, out + err)
+            after_undo = out[out.index(": Z\n") + 4:]
+            # With the only mark undone, "Zpět" is no longer offered.
+            self.assertTrue(after_undo.startswith(
+                "Zadej umístění kačeny [Nastavení, Spodní, Levá, Odkaz] 'Horní, Pravá, Bez odkazu' <Nastavení>: O"),
+                after_undo)
+            self.assertIn("Zadej umístění kačeny: ^C", out)
+            self.assertEqual(marks(ezdxf.readfile(out_path)), [])
+
     def test_kace_recomputes_the_level(self):
         with tempfile.TemporaryDirectory() as tmp:
             first = os.path.join(tmp, "first.dxf")
