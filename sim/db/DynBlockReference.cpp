@@ -159,15 +159,10 @@ bool apply(AcDbEntity& e, const std::vector<DynamicAction>& actions, const std::
                     e.transformBy(m);
             }
             break;
-        case DynamicAction::kMove:
         case DynamicAction::kStretch: {
             double d = numberOf(value->value) - numberOf(def->value);
             AcGeVector3d by(a.x * d, a.y * d, 0.0);
-            if (by.isZeroLength())
-                break;
-            if (a.kind == DynamicAction::kMove)
-                e.transformBy(AcGeMatrix3d::translation(by));
-            else
+            if (!by.isZeroLength())
                 stretch(e, a, by);
             break;
         }
