@@ -35,13 +35,12 @@ int TahniOdkaz(ads_point kurzor, ads_matrix matice)
     if (kurzor[X] == g_zakladTazeni)
         return RTNONE;
     ads_point posun = {kurzor[X] - g_zakladTazeni, 0.0, 0.0};
-    resbuf z, do_;
-    z.restype = RTSHORT;
-    z.resval.rint = 1;
-    do_.restype = RTSHORT;
-    do_.resval.rint = 0;
+    resbuf ucs, svet;
+    ucs.restype = svet.restype = RTSHORT;
+    ucs.resval.rint = 1;
+    svet.resval.rint = 0;
     ads_point wcs;
-    acedTrans(posun, &z, &do_, 1, wcs);
+    acedTrans(posun, &ucs, &svet, 1, wcs);
     for (int i = 0; i < 4; ++i)
         for (int j = 0; j < 4; ++j)
             matice[i][j] = i == j ? 1.0 : 0.0;
