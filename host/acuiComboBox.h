@@ -10,7 +10,7 @@
 #define CBS_DROPDOWNLIST 0x0003L
 #endif
 
-class CAcUiTrueColorComboBox : public CWnd {
+class CAcUiTrueColorComboBox : public CComboBox {
 public:
     /// The list starts with DleHlad, DleBlok and the seven standard colours.
     CAcUiTrueColorComboBox();
@@ -31,7 +31,7 @@ public:
     AcString GetItemText(int index) const;
 
 private:
-    /// Shows the selected item's name in the control.
+    /// Fills the control with the names of the colours and selects the selected one.
     void Zobraz();
 
     std::vector<AcCmColor> m_barvy;

@@ -4,8 +4,6 @@
 
 #include <cwchar>
 
-#include "sim/ui/ControlState.h"
-
 namespace {
 
 AcString NazevBarvy(const AcCmColor& c)
@@ -80,11 +78,10 @@ AcString CAcUiTrueColorComboBox::GetItemText(int index) const
 
 void CAcUiTrueColorComboBox::Zobraz()
 {
-    if (!m_pCtl)
+    if (!m_hWnd)
         return;
-    m_pCtl->items.clear();
+    ResetContent();
     for (int i = 0; i < GetCount(); ++i)
-        m_pCtl->items.push_back(sim::ui::Item{GetItemText(i).kwszPtr()});
-    m_pCtl->selectedItem = m_vyber;
-    m_pCtl->text = GetItemText(m_vyber).kwszPtr();
+        AddString(GetItemText(i).kwszPtr());
+    CComboBox::SetCurSel(m_vyber);
 }
