@@ -219,9 +219,9 @@ private:
     AcDbImpObject* mpImpObject;
 };
 
-/// An object with geometry that lives in a block table record (model space, a layout, a block).
 class AcDbFullSubentPath;
 
+/// An object with geometry that lives in a block table record (model space, a layout, a block).
 class AcDbEntity : public AcDbObject {
 public:
     ACDB_DECLARE_MEMBERS(AcDbEntity);

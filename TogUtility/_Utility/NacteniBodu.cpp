@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "CTogEntity.h"
 #include "CTogException.h"
 #include "commdlg.h"
 
@@ -41,15 +42,6 @@ void OtevriModel(AcDbDatabase* db, AcDbBlockTableRecordPointer& model)
         tabulka->getAt(ACDB_MODEL_SPACE, id);
     if (model.open(id, AcDb::kForWrite) != Acad::eOk)
         throw CTogException("Nelze otevřít pBlockTableRecord Modelu", __LINE__, __FILE__, model.openStatus());
-}
-
-/// Layer 0 with line type, colour and line weight by layer.
-void DleHladiny0(AcDbEntity& e)
-{
-    e.setLayer(L"0");
-    e.setLinetype(L"BYLAYER");
-    e.setColorIndex(256);
-    e.setLineWeight(AcDb::kLnWtByLayer);
 }
 
 } // namespace
@@ -93,7 +85,8 @@ void VlozBody(FormaBodu forma)
 
         AcDbObjectPointer<AcDbCircle> kruh;
         kruh.create();
-        DleHladiny0(*kruh);
+        kruh->setLayer(db->layerZero());
+        CTogEntity::NastavByLayer(kruh, db);
         kruh->setCenter(p);
         kruh->setRadius(0.5);
         if (model->appendAcDbEntity(kruh.object()) == Acad::eOk)
@@ -101,18 +94,17 @@ void VlozBody(FormaBodu forma)
 
         wchar_t popis[128];
         std::swprintf(popis, 128, L"%ls - %.2f m", bod.nazev.c_str(), bod.vyska);
-        AcDbObjectPointer<AcDbText> text;
-        text.create();
-        text->setPosition(p);
-        text->setTextString(popis);
-        text->setHeight(0.5);
-        text->setRotation(0.0);
-        text->setWidthFactor(1.0);
-        text->setHorizontalMode(AcDb::kTextLeft);
-        text->setVerticalMode(AcDb::kTextBase);
-        text->setTextStyle(db->textstyle());
-        DleHladiny0(*text);
-        text->setColorIndex(barva);
-        model->appendAcDbEntity(text.object());
+        PopisTextu text;
+        text.pozice = p;
+        text.hladina = db->layerZero();
+        text.styl = db->textstyle();
+        text.vyska = 0.5;
+        text.text = popis;
+        AcDbObjectId idTextu;
+        AcDbText* novy = nullptr;
+        CTogEntity::VytvorText(idTextu, novy, text, model, false);
+        AcDbObjectPointer<AcDbText> otevreny;
+        otevreny.acquire(novy);
+        otevreny->setColorIndex(barva);
     }
 }

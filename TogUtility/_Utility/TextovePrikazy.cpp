@@ -7,6 +7,7 @@
 #include <numbers>
 
 #include "CTogBaseNastav.h"
+#include "CTogEntity.h"
 #include "CTogFunkce.h"
 #include "CitelnyUhel.h"
 #include "CistyFormat.h"
@@ -39,7 +40,8 @@ double UhelZdroje(AcDbEntity* zdroj)
         ads_point konec = {v.x, v.y, v.z};
         return acutAngle(kPocatek, konec);
     };
-    if (auto* cara = AcDbLine::cast(zdroj); cara && zdroj->isA() == AcDbLine::desc()) {
+    if (zdroj->isA() == AcDbLine::desc()) {
+        auto* cara = static_cast<AcDbLine*>(zdroj);
         ads_point a = {cara->startPoint().x, cara->startPoint().y, cara->startPoint().z};
         ads_point b = {cara->endPoint().x, cara->endPoint().y, cara->endPoint().z};
         return acutAngle(a, b);
@@ -327,31 +329,28 @@ void AtributyNaTexty()
             acutPrintf(L"\n**ERROR**Neotevřena entita Atributu...");
             continue;
         }
-        auto text = std::make_unique<AcDbText>();
-        text->setDatabaseDefaults(db);
-        text->setLayer(def->layerId());
-        text->setTextStyle(def->textStyle());
-        text->setLinetype(L"BYLAYER");
-        text->setColorIndex(256);
-        text->setLineWeight(AcDb::kLnWtByLayer);
-        text->setTextString(def->tagConst());
-        text->setHeight(def->height());
-        text->setRotation(def->rotation());
-        text->setWidthFactor(def->widthFactor());
-        text->setHorizontalMode(def->horizontalMode());
-        text->setVerticalMode(def->verticalMode());
         // On the base line a left, aligned or fitted text stands by its position; any other by its
         // alignment point.
-        AcDb::TextHorzMode h = def->horizontalMode();
-        if (def->verticalMode() == AcDb::kTextBase && (h == AcDb::kTextLeft || h == AcDb::kTextAlign || h == AcDb::kTextFit))
-            text->setPosition(def->position());
-        else
-            text->setAlignmentPoint(def->alignmentPoint());
+        const AcDb::TextHorzMode h = def->horizontalMode();
+        const bool podlePolohy =
+            def->verticalMode() == AcDb::kTextBase && (h == AcDb::kTextLeft || h == AcDb::kTextAlign || h == AcDb::kTextFit);
+        PopisTextu popis;
+        popis.pozice = podlePolohy ? def->position() : def->alignmentPoint();
+        popis.hladina = def->layerId();
+        popis.styl = def->textStyle();
+        popis.rotace = def->rotation();
+        popis.sirkovyFaktor = def->widthFactor();
+        popis.vyska = def->height();
+        popis.text = def->tagConst();
+        popis.horizontalni = h;
+        popis.vertikalni = def->verticalMode();
+        AcDbObjectId idTextu;
+        AcDbText* text = nullptr;
+        CTogEntity::VytvorText(idTextu, text, popis, model, false);
+        AcDbObjectPointer<AcDbText> novy;
+        novy.acquire(text);
         if (h == AcDb::kTextAlign || h == AcDb::kTextFit)
-            text->setAlignmentPoint(def->alignmentPoint());
-        if (model->appendAcDbEntity(text.get()) != Acad::eOk)
-            continue;
-        text.release()->close();
+            novy->setAlignmentPoint(def->alignmentPoint());
         def->erase();
     }
 }

@@ -2,8 +2,7 @@
 #include "StdAfx.h"
 #include "VyskySpady.h"
 
-#include <cmath>
-
+#include "CTogEntity.h"
 #include "CTogException.h"
 #include "CTogFunkce.h"
 #include "CisteCislo.h"
@@ -11,27 +10,15 @@
 
 namespace {
 
-/// The text of the reference's attribute of that tag (case ignored); false when there is none.
-bool HodnotaAtributu(const AcDbBlockReference& ref, const ACHAR* tag, std::wstring& hodnota)
-{
-    std::unique_ptr<AcDbObjectIterator> it(ref.attributeIterator());
-    for (it->start(); !it->done(); it->step()) {
-        AcDbObjectPointer<AcDbAttribute> att(it->objectId(), AcDb::kForRead);
-        if (att.openStatus() == Acad::eOk && _wcsicmp(att->tagConst(), tag) == 0) {
-            hodnota = att->textStringConst();
-            return true;
-        }
-    }
-    return false;
-}
-
 /// The attribute's text; a missing one throws "Nelze získat hodnotu atributu <tag>".
-std::wstring Atribut(const AcDbBlockReference& ref, const ACHAR* tag)
+std::wstring Atribut(AcDbBlockReference& ref, const ACHAR* tag)
 {
-    std::wstring hodnota;
-    if (!HodnotaAtributu(ref, tag, hodnota))
+    AcDbAttribute* nalezeny = nullptr;
+    if (!CTogEntity::NajdiAtribut(&ref, nalezeny, tag))
         throw CTogException("Nelze získat hodnotu atributu " + CTogFunkce::DoUtf8(tag), __LINE__, __FILE__);
-    return hodnota;
+    AcDbObjectPointer<AcDbAttribute> atribut;
+    atribut.acquire(nalezeny);
+    return atribut->textStringConst();
 }
 
 /// The bottom height and the plan position of a manhole; `konec` names the end in the message.
