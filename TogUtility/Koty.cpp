@@ -93,7 +93,7 @@ AcDbObjectId KotovyStyl(const ACHAR* nazev)
 
 AcGePoint3d Bod3d(const AcGePoint2d& b) { return AcGePoint3d(b.x, b.y, 0.0); }
 
-// The dimension with everything but the database: layer, annotative, style, text position.
+// What the preview and the dimension share: the layer, the style and the place of the text.
 void Nastav(AcDbAlignedDimension& kota, AcDbObjectId hladina, AcDbObjectId styl, const AcGePoint2d& text)
 {
     kota.setLayer(hladina);

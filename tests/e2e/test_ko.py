@@ -126,8 +126,8 @@ class Ko(unittest.TestCase):
     def test_one_line_on_the_side_of_the_pick_with_a_free_text(self):
         with tempfile.TemporaryDirectory() as tmp:
             doc, out = run(tmp, "_LINE\n0,0\n1000,0\n\n" + FIRST_KO + "300,0\n310,-400\nDN 25\n"
-                           "ko\n600,0\n600,400\n 100\n")
-            below, above = dimensions(doc)
+                           "ko\n600,0\n600,400\n 100\nko\n800,0\n800,400\nr\nocel DN 32\n")
+            below, above, typed = dimensions(doc)
             self.assertEqual(below.dxf.dimstyle, "TG_VODA1")
             self.assertEqual(below.dxf.layer, "TU_kóty")
             self.assertEqual(below.dxf.text, "DN 25")
@@ -138,8 +138,11 @@ class Ko(unittest.TestCase):
             # A number led by a blank is a text as typed, and the side follows the pick.
             self.assertEqual(above.dxf.text, " 100")
             self.assertEqual(xy(above.dxf.defpoint3), (600, 1.5))
+            # "R" asks for the text alone.
+            self.assertIn("Zadej text kóty: ocel DN 32", out)
+            self.assertEqual(typed.dxf.text, "ocel DN 32")
             texts = [t[0] for t in rendered(doc).texts]
-            self.assertEqual(sorted(texts), [" 100", "DN 25"])
+            self.assertEqual(sorted(texts), [" 100", "DN 25", "ocel DN 32"])
             assert_reopens_same(self, tmp)
 
     def test_enter_opens_the_picker_and_the_prompt_names_the_new_material(self):
