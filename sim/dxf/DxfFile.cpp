@@ -169,13 +169,15 @@ std::string writeDrawingFile(AcDbDatabase& db, const std::wstring& path, bool ke
     if (!f)
         return "cannot write " + file.string();
     bool ok = true;
+    std::string why;
     WriteReport report;
     {
         TextTagWriter w(f);
         try {
             report = writeDxf(db, w);
-        } catch (const std::exception&) {
+        } catch (const std::exception& e) {
             ok = false;
+            why = std::string(": ") + e.what();
         }
         ok = w.flush() && ok;
     }
@@ -198,7 +200,7 @@ std::string writeDrawingFile(AcDbDatabase& db, const std::wstring& path, bool ke
     }
     if (!ok) {
         fs::remove(temp, ec);
-        return "cannot write " + file.string();
+        return "cannot write " + file.string() + why;
     }
     return std::string();
 }
