@@ -53,6 +53,8 @@ public:
     bool JeZodpovezeno(std::uint32_t klic) const;
     /// Remembers an answer; a key that is there stays unchanged.
     void ZapamatujOdpoved(std::uint32_t klic, std::uint32_t hodnota);
+    /// Forgets a remembered answer, so that the question is asked again.
+    void ZapomenOdpoved(std::uint32_t klic) { m_odpovedi.erase(klic); }
 
     /// Runs the settings dialog (command tuset and the first-run question).
     void SpustDialogNastaveni();
