@@ -58,13 +58,14 @@ def check_reopens(path):
                                  (path, _first_difference(first, second)))
 
 
-def run_togu(tmp, script, *args):
+def run_togu(tmp, script, *args, first_run="no\n"):
     """Runs togu in tmp on the script, after the line that answers the first-run question of the
-    fresh registry tmp/registry; gives (exit status, stdout, stderr). Every drawing the run saved in
-    tmp must open again and save to the same bytes (check_reopens)."""
+    fresh registry tmp/registry (first_run: "" when the registry is no longer fresh, or the script
+    answers it itself); gives (exit status, stdout, stderr). Every drawing the run saved in tmp must
+    open again and save to the same bytes (check_reopens)."""
     path = os.path.join(tmp, "test.scr")
     with open(path, "w", encoding="utf-8") as f:
-        f.write("no\n" + script)
+        f.write(first_run + script)
     before = _drawings(tmp)
     proc = subprocess.run([TOGU, *args, "-s", path, "--registry", os.path.join(tmp, "registry"),
                            "--install", os.path.join(SOURCE, "data")], capture_output=True, timeout=120, cwd=tmp)
