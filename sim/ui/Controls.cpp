@@ -397,3 +397,4 @@ BOOL CToolTipCtrl::AddTool(CWnd* pWnd, LPCWSTR lpszText)
 }
 
 void CToolTipCtrl::Activate(BOOL bActivate) { m_active = bActivate; }
+

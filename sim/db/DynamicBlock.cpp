@@ -1,9 +1,10 @@
-// Dynamic block properties in extended data.
-#include "sim/dxf/DynamicBlock.h"
+// Dynamic block properties and actions in extended data.
+#include "sim/db/DynamicBlock.h"
 
+#include <array>
 #include <memory>
 
-namespace sim::dxf {
+namespace sim::db {
 
 namespace {
 
@@ -100,4 +101,97 @@ resbuf* dynamicPropertiesXData(const std::vector<DynamicProperty>& properties, b
     return head;
 }
 
-} // namespace sim::dxf
+namespace {
+
+const wchar_t* const kKindNames[] = {L"visible", L"flip", L"stretch"};
+
+const wchar_t* textOf(const resbuf* rb)
+{
+    return rb && rb->restype == AcDb::kDxfXdAsciiString && rb->resval.rstring ? rb->resval.rstring : nullptr;
+}
+
+/// Reads n reals into out; false when the chain holds fewer.
+bool reals(const resbuf*& rb, double* const* out, int n)
+{
+    for (int i = 0; i < n; ++i, rb = rb->rbnext) {
+        if (!rb || rb->restype != AcDb::kDxfXdReal)
+            return false;
+        *out[i] = rb->resval.rreal;
+    }
+    return true;
+}
+
+} // namespace
+
+std::vector<DynamicAction> dynamicActions(const AcDbObject& obj)
+{
+    std::vector<DynamicAction> out;
+    std::unique_ptr<resbuf, int (*)(resbuf*)> data(obj.xData(kDynamicActionApp), acutRelRb);
+    const resbuf* rb = data ? data->rbnext : nullptr;
+    while (rb) {
+        const wchar_t* kind = textOf(rb);
+        const wchar_t* property = kind ? textOf(rb->rbnext) : nullptr;
+        if (!property)
+            return {};
+        DynamicAction a;
+        a.property = property;
+        int k = 0;
+        while (k < 3 && std::wstring(kind) != kKindNames[k])
+            ++k;
+        rb = rb->rbnext->rbnext;
+        bool ok = true;
+        switch (k) {
+        case DynamicAction::kVisible:
+            ok = textOf(rb) != nullptr;
+            if (ok) {
+                a.value = textOf(rb);
+                rb = rb->rbnext;
+            }
+            break;
+        case DynamicAction::kFlip:
+            ok = reals(rb, std::array<double*, 3>{&a.x, &a.y, &a.angle}.data(), 3);
+            break;
+        case DynamicAction::kStretch:
+            ok = reals(rb, std::array<double*, 6>{&a.x, &a.y, &a.minX, &a.minY, &a.maxX, &a.maxY}.data(), 6);
+            break;
+        default:
+            ok = false;
+        }
+        if (!ok)
+            return {};
+        a.kind = static_cast<DynamicAction::Kind>(k);
+        out.push_back(std::move(a));
+    }
+    return out;
+}
+
+resbuf* dynamicActionsXData(const std::vector<DynamicAction>& actions)
+{
+    resbuf* head = acutBuildList(AcDb::kDxfRegAppName, kDynamicActionApp, 0);
+    resbuf* tail = head;
+    auto append = [&](resbuf* rb) {
+        tail->rbnext = rb;
+        while (tail->rbnext)
+            tail = tail->rbnext;
+    };
+    auto real = [](double v) { return acutBuildList(AcDb::kDxfXdReal, v, 0); };
+    for (const DynamicAction& a : actions) {
+        append(acutBuildList(AcDb::kDxfXdAsciiString, kKindNames[a.kind], AcDb::kDxfXdAsciiString, a.property.c_str(), 0));
+        switch (a.kind) {
+        case DynamicAction::kVisible:
+            append(acutBuildList(AcDb::kDxfXdAsciiString, a.value.c_str(), 0));
+            break;
+        case DynamicAction::kFlip:
+            for (double v : {a.x, a.y, a.angle})
+                append(real(v));
+            break;
+        case DynamicAction::kStretch:
+            for (double v : {a.x, a.y, a.minX, a.minY, a.maxX, a.maxY})
+                append(real(v));
+            break;
+        }
+    }
+    return head;
+}
+
+} // namespace sim::db
