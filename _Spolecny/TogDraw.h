@@ -2,6 +2,7 @@
 // graphics) that commands show while they ask for picks.
 #pragma once
 #include <vector>
+#include "aced.h"
 #include "gepnt3d.h"
 
 class AcDbEntity;
@@ -33,5 +34,24 @@ SeznamyObnovy& Obnova();
 
 /// The view size remembered at the last redraw of the marks (0 after the first mark).
 extern double g_zapamatovanaVelikost;
+
+/// Whether a view of size `aktualni` differs from the remembered one by more than a tenth of it, so
+/// that the marks are to be drawn again (always, while nothing is remembered).
+bool ZmenaPohledu(double zapamatovana, double aktualni);
+
+/// Draws the marks of the rebuild lists again at the size of the view, without adding to the lists.
+void ObnovZnacky();
+
+} // namespace TogDraw
+
+/// The application's editor reactor: watches the view for the marks of TogDraw. Made with the first
+/// mark, removed by SmazZnacky(true).
+class MyEditorReactor : public AcEditorReactor {
+public:
+    /// A change of the view by more than a tenth takes the marks off and draws the rebuild lists again.
+    void viewChanged() override;
+};
+
+namespace TogDraw {
 
 } // namespace TogDraw

@@ -238,3 +238,24 @@ typedef struct tagNMLINK {
     NMHDR hdr;
     LITEM item;
 } NMLINK, *PNMLINK;
+
+// The up-down control (spinner): UDN_DELTAPOS asks the parent before the position changes; the parent
+// may change iDelta, or answer nonzero to refuse the step. The position then becomes iPos + iDelta
+// within the range.
+#define UPDOWN_CLASSW L"msctls_updown32"
+#define UDN_FIRST (0U - 721U)
+#define UDN_DELTAPOS (UDN_FIRST - 1)
+typedef struct _NM_UPDOWN {
+    NMHDR hdr;
+    int iPos;
+    int iDelta;
+} NMUPDOWN, *LPNMUPDOWN;
+
+class CSpinButtonCtrl : public CWnd {
+public:
+    void SetRange32(int nLower, int nUpper);
+    void GetRange32(int& nLower, int& nUpper) const;
+    /// Gives the old position; the position stays within the range.
+    int SetPos32(int nPos);
+    int GetPos32(LPBOOL lpbError = nullptr) const;
+};

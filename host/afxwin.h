@@ -44,7 +44,19 @@
 #define EN_KILLFOCUS 0x0200
 #define EN_CHANGE 0x0300
 #define LBN_SELCHANGE 1
+#define LBN_DBLCLK 2
 #define CBN_SELCHANGE 1
+
+// List boxes.
+#define LBS_NOTIFY 0x0001L
+#define LBS_SORT 0x0002L
+#define LBS_MULTIPLESEL 0x0008L
+#define LBS_EXTENDEDSEL 0x0800L
+#define LB_ERR (-1)
+
+// Mouse messages carry the keys held in wParam and the point, in client coordinates, in lParam.
+#define MK_LBUTTON 0x0001
+#define WM_TIMER 0x0113
 
 #define WM_INITDIALOG 0x0110
 #define WM_CTLCOLOREDIT 0x0133
@@ -99,6 +111,14 @@ void AfxRegisterDlgResource(const DLGRESOURCE* pResource);
 // the texts a dialog paints (its heading) in the transcript.
 
 class CWnd;
+
+/// A point of a window's client area or of the screen.
+class CPoint : public POINT {
+public:
+    CPoint() : POINT{0, 0} {}
+    CPoint(int x_, int y_) : POINT{x_, y_} {}
+    bool operator==(const CPoint& o) const { return x == o.x && y == o.y; }
+};
 
 class CGdiObject {
 public:
@@ -218,6 +238,17 @@ public:
     /// dialog the child joins its controls, after those of the resource.
     virtual BOOL Create(LPCWSTR lpszClassName, LPCWSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
                         CWnd* pParentWnd, UINT nID);
+    // The mouse. The model lays a dialog's controls one below the other on the screen; a window that
+    // captures the mouse hears it until it releases it. The model's timers never tick: a list shows
+    // all its items, so there is nothing to scroll.
+    void ClientToScreen(LPPOINT lpPoint) const;
+    void ScreenToClient(LPPOINT lpPoint) const;
+    CWnd* SetCapture();
+    static CWnd* GetCapture();
+    static BOOL ReleaseCapture();
+    UINT_PTR SetTimer(UINT_PTR nIDEvent, UINT nElapse, void* lpfnTimer);
+    BOOL KillTimer(UINT_PTR nIDEvent);
+
     /// Delivers the message to WindowProc at once.
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
@@ -256,6 +287,11 @@ protected:
     virtual void OnSetFocus(CWnd* pOldWnd);
     virtual void OnKillFocus(CWnd* pNewWnd);
     virtual void OnPaint();
+    virtual void OnLButtonDown(UINT nFlags, CPoint point);
+    virtual void OnLButtonUp(UINT nFlags, CPoint point);
+    virtual void OnLButtonDblClk(UINT nFlags, CPoint point);
+    virtual void OnMouseMove(UINT nFlags, CPoint point);
+    virtual void OnTimer(UINT_PTR nIDEvent);
 
     friend class CDialog;
     friend struct AFX_DLGSTATE;
@@ -296,6 +332,40 @@ public:
     /// -1 clears the choice; gives CB_ERR (-1) for an index out of range.
     int SetCurSel(int nSelect);
     void GetLBText(int nIndex, CString& rString) const;
+};
+
+/// A list of texts with item data. With LBS_SORT added texts take their place by the list's locale;
+/// with LBS_MULTIPLESEL or LBS_EXTENDEDSEL each item has a selection of its own. The model shows every
+/// item: an item is GetItemHeight pixels high, the first at the top of the client area.
+class CListBox : public CWnd {
+public:
+    int GetCount() const;
+    int AddString(LPCWSTR lpszItem);
+    /// nIndex -1 appends. Gives the index, LB_ERR beyond the end.
+    int InsertString(int nIndex, LPCWSTR lpszItem);
+    /// Gives the number of items left, LB_ERR for a wrong index.
+    int DeleteString(UINT nIndex);
+    void ResetContent();
+    int GetText(int nIndex, CString& rString) const;
+    int GetTextLen(int nIndex) const;
+    int FindStringExact(int nIndexStart, LPCWSTR lpszFind) const;
+    /// Single selection: the selected item or LB_ERR. Multiple selection: the item with the caret.
+    int GetCurSel() const;
+    int SetCurSel(int nSelect);
+    int GetSel(int nIndex) const;
+    int SetSel(int nIndex, BOOL bSelect = TRUE);
+    int GetSelCount() const;
+    int GetSelItems(int nMaxItems, LPINT rgIndex) const;
+    DWORD_PTR GetItemData(int nIndex) const;
+    int SetItemData(int nIndex, DWORD_PTR dwItemData);
+    int GetTopIndex() const;
+    int SetTopIndex(int nIndex);
+    int GetItemHeight(int nIndex) const;
+    /// The nearest item to the point; bOutside when the point is past the items or outside the list.
+    UINT ItemFromPoint(CPoint pt, BOOL& bOutside) const;
+    LCID GetLocale() const;
+    /// Gives the old locale, LB_ERR when the locale isn't known.
+    LCID SetLocale(LCID nNewLocale);
 };
 
 // ---------------------------------------------------------------------------------------------

@@ -6,6 +6,7 @@
 #include "OkrajPrikazu.h"
 #include "TabulkaLisp.h"
 #include "TabulkaPrikazu.h"
+#include "TogDraw.h"
 
 namespace {
 
@@ -37,6 +38,7 @@ AcRx::AppRetCode CTogUtilityApp::On_kUnloadAppMsg(void* pkt)
         OdregistrujPrikazy();
         ZasobnikPrikazu()->removeGroup(kSkupinaNastaveni);
         UnregisterClassW(L"TreeList", GetModuleHandleW(nullptr));
+        TogDraw::SmazZnacky(true, true);
     });
     ZrusNastaveni();
     return AcRx::kRetOK;

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "sim/core/Session.h"
+
 namespace sim::editor {
 
 namespace {
@@ -11,6 +13,21 @@ std::vector<Transient>& list()
 {
     static std::vector<Transient> shown;
     return shown;
+}
+
+// The transcript shows a transient when it appears and when it goes, one line each.
+std::wstring kindOf(AcGiDrawable* d)
+{
+    const ACHAR* kind = d->isA()->dxfName();
+    return kind ? kind : d->isA()->name();
+}
+
+void tell(const std::wstring& line)
+{
+    if (Session* s = Session::currentOrNull()) {
+        const std::wstring& t = s->transcript();
+        s->print((t.empty() || t.back() == L'\n' ? L"" : L"\n") + line + L"\n");
+    }
 }
 
 std::vector<Transient>::iterator findShown(AcGiDrawable* d)
@@ -26,6 +43,7 @@ public:
         if (pDrawable == nullptr || findShown(pDrawable) != list().end())
             return false;
         list().push_back({pDrawable, mode, subDrawingMode, std::vector<int>(viewportNumbers.begin(), viewportNumbers.end())});
+        tell(L"[náhled] " + kindOf(pDrawable));
         return true;
     }
 
@@ -37,13 +55,18 @@ public:
         for (int vp : viewportNumbers)
             it->viewports.erase(std::remove(it->viewports.begin(), it->viewports.end(), vp), it->viewports.end());
         // An empty list, or no viewport left, takes it off the screen.
-        if (viewportNumbers.isEmpty() || it->viewports.empty())
+        if (viewportNumbers.isEmpty() || it->viewports.empty()) {
+            tell(L"[náhled pryč] " + kindOf(pDrawable));
             list().erase(it);
+        }
         return true;
     }
 
     bool eraseTransients(AcGiTransientDrawingMode mode, int subDrawingMode, const AcArray<int>&) override
     {
+        for (const Transient& t : list())
+            if (t.mode == mode && t.subMode == subDrawingMode)
+                tell(L"[náhled pryč] " + kindOf(t.drawable));
         auto end = std::remove_if(list().begin(), list().end(),
                                   [&](const Transient& t) { return t.mode == mode && t.subMode == subDrawingMode; });
         bool any = end != list().end();

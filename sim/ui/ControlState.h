@@ -13,7 +13,7 @@ namespace sim::ui {
 
 /// Grid: the tree view with columns (window class "TreeList"), read and driven through its messages.
 /// ListView: a list view in report mode, rows under column headings.
-enum class Kind { Other, PushButton, CheckBox, ThreeState, Radio, GroupBox, Edit, Label, Tree, List, Link, Grid, ListView };
+enum class Kind { Other, PushButton, CheckBox, ThreeState, Radio, GroupBox, Edit, Label, Tree, List, Link, Grid, ListView, Spin };
 
 /// The kind of a control from its window class and style.
 Kind kindOf(const std::wstring& className, DWORD style);
@@ -22,9 +22,15 @@ struct Item {
     std::wstring text;
     int parent = -1; ///< index of the parent item, -1 at the root
     bool checked = false;
+    bool selected = false; ///< in a list of multiple selection
     DWORD_PTR data = 0;
     std::vector<std::wstring> cells; ///< a list view's texts of the columns after the first
 };
+
+/// A list item's height in pixels and the screen's gap between two controls of a dialog, which the
+/// model lays out one below the other.
+constexpr int kItemHeight = 16;
+constexpr int kControlPitch = 1000;
 
 /// A pseudo handle for a control: controls are no windows of the window table, only their dialog is.
 HWND newControlHandle();
@@ -49,6 +55,9 @@ struct AFX_CTLSTATE {
     std::vector<sim::ui::Item> items;
     int selectedItem = -1;
     std::vector<std::wstring> columns; ///< a list view's column headings
+    int topIndex = 0;
+    int spinPos = 0, spinLower = 0, spinUpper = 100; ///< an up-down control's position and range
+    LCID locale = 0x0409;
     std::wstring tooltip;
     std::vector<std::wstring> painted;
     int acceptedChars = 0; ///< characters an edit took, for the runner to see refused keys

@@ -398,3 +398,31 @@ BOOL CToolTipCtrl::AddTool(CWnd* pWnd, LPCWSTR lpszText)
 
 void CToolTipCtrl::Activate(BOOL bActivate) { m_active = bActivate; }
 
+// ---------------------------------------------------------------------------------------------
+
+void CSpinButtonCtrl::SetRange32(int nLower, int nUpper)
+{
+    AFX_CTLSTATE& s = st(this);
+    s.spinLower = nLower;
+    s.spinUpper = nUpper;
+    s.spinPos = std::clamp(s.spinPos, std::min(nLower, nUpper), std::max(nLower, nUpper));
+}
+
+void CSpinButtonCtrl::GetRange32(int& nLower, int& nUpper) const
+{
+    nLower = st(this).spinLower;
+    nUpper = st(this).spinUpper;
+}
+
+int CSpinButtonCtrl::SetPos32(int nPos)
+{
+    AFX_CTLSTATE& s = st(this);
+    return std::exchange(s.spinPos, std::clamp(nPos, std::min(s.spinLower, s.spinUpper), std::max(s.spinLower, s.spinUpper)));
+}
+
+int CSpinButtonCtrl::GetPos32(LPBOOL lpbError) const
+{
+    if (lpbError)
+        *lpbError = FALSE;
+    return st(this).spinPos;
+}

@@ -355,12 +355,27 @@ bool select(CDialog& dlg, AFX_CTLSTATE* c, const std::vector<std::wstring>& pick
         say(L"Prvek " + std::to_wstring(c->id) + L" nemá položky.");
         return false;
     }
+    const bool multiple = c->kind == Kind::List && (c->style & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL));
     for (const auto& p : picks) {
         auto n = number(p);
         if (!n || *n >= static_cast<int>(c->items.size())) {
             say(L"Položka " + p + L" v prvku " + std::to_wstring(c->id) + L" není.");
             return false;
         }
+    }
+    if (multiple) {
+        // The picks become the whole selection, in one change.
+        for (Item& it : c->items)
+            it.selected = false;
+        for (const auto& p : picks) {
+            c->items[static_cast<size_t>(*number(p))].selected = true;
+            c->selectedItem = *number(p);
+        }
+        dlg.SendMessage(WM_COMMAND, MAKEWPARAM(c->id, LBN_SELCHANGE), reinterpret_cast<LPARAM>(c->hwnd));
+        return true;
+    }
+    for (const auto& p : picks) {
+        auto n = number(p);
         c->selectedItem = *n;
         if (c->kind == Kind::Tree) {
             NMHDR nm{c->hwnd, static_cast<UINT_PTR>(c->id), TVN_SELCHANGED};
@@ -369,6 +384,111 @@ bool select(CDialog& dlg, AFX_CTLSTATE* c, const std::vector<std::wstring>& pick
             dlg.SendMessage(WM_COMMAND, MAKEWPARAM(c->id, LBN_SELCHANGE), reinterpret_cast<LPARAM>(c->hwnd));
         }
     }
+    return true;
+}
+
+// The centre of an item's row, or the top of it for a drop in the gap above it, in the list's client
+// coordinates; "end" is the free row below the last item.
+std::optional<CPoint> itemPoint(AFX_CTLSTATE* c, const std::wstring& word, bool gap)
+{
+    const int top = c->topIndex;
+    if (upper(word) == L"END")
+        return CPoint(20, (static_cast<int>(c->items.size()) - top) * kItemHeight + kItemHeight / 2);
+    auto n = number(word);
+    if (!n || *n >= static_cast<int>(c->items.size()))
+        return std::nullopt;
+    return CPoint(20, (*n - top) * kItemHeight + (gap ? 2 : kItemHeight / 2));
+}
+
+LPARAM pointParam(const CPoint& p) { return MAKELPARAM(static_cast<short>(p.x), static_cast<short>(p.y)); }
+
+// drag <id> <item> <id> <item|end|out>: the left button pressed on an item, moved to the place and
+// released there (out: beside every control). dblclick <id> <item>. key <id> delete.
+bool mouseOrKey(CDialog& dlg, const std::wstring& verb, std::wistringstream& in)
+{
+    std::vector<std::wstring> words;
+    for (std::wstring w; in >> w;)
+        words.push_back(w);
+    const size_t wanted = verb == L"DRAG" ? 4 : 2;
+    auto id = words.empty() ? std::nullopt : number(words[0]);
+    if (words.size() != wanted || !id) {
+        say(verb == L"DRAG" ? L"Tah je: drag <prvek> <položka> <prvek> <položka|end|out>."
+                            : verb == L"KEY" ? L"Klávesa je: key <prvek> delete." : L"Dvojklik je: dblclick <prvek> <položka>.");
+        return false;
+    }
+    AFX_CTLSTATE* c = reachable(dlg, *id);
+    if (!c)
+        return false;
+    CWnd* w = dlg.GetDlgItem(c->id);
+    if (verb == L"KEY") {
+        if (upper(words[1]) != L"DELETE") {
+            say(L"Klávesa je: key <prvek> delete.");
+            return false;
+        }
+        w->SetFocus();
+        w->SendMessage(WM_KEYDOWN, VK_DELETE);
+        return true;
+    }
+    auto from = itemPoint(c, words[1], false);
+    if (!from || upper(words[1]) == L"END") {
+        say(L"Položka " + words[1] + L" v prvku " + words[0] + L" není.");
+        return false;
+    }
+    if (verb == L"DBLCLICK") {
+        w->SetFocus();
+        w->SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON, pointParam(*from));
+        return true;
+    }
+    CPoint to(-500, -500);
+    if (upper(words[3]) != L"OUT") {
+        auto targetId = number(words[2]);
+        AFX_CTLSTATE* t = targetId ? reachable(dlg, *targetId) : nullptr;
+        if (!t)
+            return false;
+        auto at = itemPoint(t, words[3], true);
+        if (!at) {
+            say(L"Položka " + words[3] + L" v prvku " + words[2] + L" není.");
+            return false;
+        }
+        to = *at;
+        dlg.GetDlgItem(t->id)->ClientToScreen(&to);
+        w->ScreenToClient(&to);
+    } else {
+        w->ScreenToClient(&to);
+    }
+    w->SetFocus();
+    w->SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, pointParam(*from));
+    w->SendMessage(WM_MOUSEMOVE, MK_LBUTTON, pointParam(to));
+    // Whoever holds the mouse hears the release.
+    CWnd* capture = CWnd::GetCapture();
+    (capture ? capture : w)->SendMessage(WM_LBUTTONUP, 0, pointParam(to));
+    return true;
+}
+
+// spin <id> up|down: one step of an up-down control, asked of the parent first.
+bool spin(CDialog& dlg, std::wistringstream& in)
+{
+    std::wstring idText, direction;
+    in >> idText >> direction;
+    auto id = number(idText);
+    direction = upper(direction);
+    if (!id || (direction != L"UP" && direction != L"DOWN")) {
+        say(L"Krok je: spin <prvek> up|down.");
+        return false;
+    }
+    AFX_CTLSTATE* c = reachable(dlg, *id);
+    if (!c)
+        return false;
+    if (c->kind != Kind::Spin) {
+        say(L"Prvek " + idText + L" není číselník.");
+        return false;
+    }
+    NMUPDOWN nm{};
+    nm.hdr = NMHDR{c->hwnd, static_cast<UINT_PTR>(c->id), UDN_DELTAPOS};
+    nm.iPos = c->spinPos;
+    nm.iDelta = direction == L"UP" ? 1 : -1;
+    if (dlg.SendMessage(WM_NOTIFY, static_cast<WPARAM>(c->id), reinterpret_cast<LPARAM>(&nm)) == 0)
+        static_cast<CSpinButtonCtrl*>(dlg.GetDlgItem(c->id))->SetPos32(nm.iPos + nm.iDelta);
     return true;
 }
 
@@ -411,6 +531,22 @@ bool act(CDialog& dlg, std::wstring_view lineView)
         dlg.SendMessage(WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
         return true;
     }
+    // A double click goes to a table's row (grid or list view), else to a list's item by the mouse.
+    bool tableClick = false;
+    if (verb == L"DBLCLICK") {
+        const auto at = in.tellg();
+        std::wstring idText;
+        in >> idText;
+        const auto id = number(idText);
+        const AFX_CTLSTATE* c = id ? reachable(dlg, *id) : nullptr;
+        tableClick = c && (c->kind == Kind::Grid || c->kind == Kind::ListView);
+        in.clear();
+        in.seekg(at);
+    }
+    if (verb == L"DRAG" || verb == L"KEY" || (verb == L"DBLCLICK" && !tableClick))
+        return mouseOrKey(dlg, verb, in);
+    if (verb == L"SPIN")
+        return spin(dlg, in);
     if (verb == L"CLICK" || verb == L"SET" || verb == L"CHECK" || verb == L"SELECT" || verb == L"CELL" ||
         verb == L"EDIT" || verb == L"DBLCLICK") {
         std::wstring idText;

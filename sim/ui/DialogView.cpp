@@ -120,6 +120,7 @@ std::wstring describe(CDialog& dlg, AFX_CTLSTATE* c, bool withTip)
         line += L"seznam:" + table(c->columns, rows, c->selectedItem);
         break;
     }
+    case Kind::Spin: line += L"číselník " + std::to_wstring(c->spinPos); break;
     case Kind::Tree:
     case Kind::List: {
         line += c->kind == Kind::Tree ? L"strom:" : L"seznam:";
@@ -130,7 +131,8 @@ std::wstring describe(CDialog& dlg, AFX_CTLSTATE* c, bool withTip)
             line += i ? L"; " : L" ";
             if (c->kind == Kind::Tree && (c->style & TVS_CHECKBOXES))
                 line += it.checked ? L"[x] " : L"[ ] ";
-            if (static_cast<int>(i) == c->selectedItem)
+            const bool multiple = c->kind == Kind::List && (c->style & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL));
+            if (multiple ? it.selected : static_cast<int>(i) == c->selectedItem)
                 line += L">";
             line += it.text;
         }

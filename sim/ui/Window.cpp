@@ -61,6 +61,8 @@ Kind kindOf(const std::wstring& className, DWORD style)
         return Kind::Grid;
     if (c == L"SYSLINK")
         return Kind::Link;
+    if (c == L"MSCTLS_UPDOWN32")
+        return Kind::Spin;
     return Kind::Other;
 }
 
@@ -259,11 +261,67 @@ BOOL CWnd::GetClientRect(LPRECT lpRect) const
         // Dialog units to pixels at the usual 96 dpi font: 1.5 and 1.625 pixels per unit.
         lpRect->right = d->m_pDlg->resource->cx * 3 / 2;
         lpRect->bottom = d->m_pDlg->resource->cy * 13 / 8;
+    } else if (m_pCtl && m_pCtl->kind == Kind::List) {
+        // Every item shows, with a free row below the last.
+        lpRect->right = 150;
+        lpRect->bottom = sim::ui::kItemHeight * std::max(10, static_cast<int>(m_pCtl->items.size()) + 1);
+    } else if (m_pCtl && m_pCtl->parent) {
+        lpRect->right = 100;
+        lpRect->bottom = 20;
     }
     return TRUE;
 }
 
+namespace {
+
+// Where a control's client area begins on the screen: the dialog at the origin, its controls one
+// below the other in the order of the resource.
+POINT origin(const CWnd* w)
+{
+    const auto* d = w->m_pCtl ? dynamic_cast<const CDialog*>(w->m_pCtl->parent) : nullptr;
+    if (!d || !d->m_pDlg)
+        return POINT{0, 0};
+    const auto& all = d->m_pDlg->controls;
+    for (size_t i = 0; i < all.size(); ++i)
+        if (all[i].get() == w->m_pCtl)
+            return POINT{0, static_cast<LONG>((i + 1) * sim::ui::kControlPitch)};
+    return POINT{0, 0};
+}
+
+CWnd* g_capture = nullptr;
+
+} // namespace
+
+void CWnd::ClientToScreen(LPPOINT lpPoint) const
+{
+    if (!lpPoint)
+        return;
+    const POINT o = origin(this);
+    lpPoint->x += o.x;
+    lpPoint->y += o.y;
+}
+
 void CWnd::ScreenToClient(LPRECT) const {}
+
+void CWnd::ScreenToClient(LPPOINT lpPoint) const
+{
+    if (!lpPoint)
+        return;
+    const POINT o = origin(this);
+    lpPoint->x -= o.x;
+    lpPoint->y -= o.y;
+}
+
+CWnd* CWnd::SetCapture() { return std::exchange(g_capture, this); }
+CWnd* CWnd::GetCapture() { return g_capture; }
+BOOL CWnd::ReleaseCapture()
+{
+    g_capture = nullptr;
+    return TRUE;
+}
+
+UINT_PTR CWnd::SetTimer(UINT_PTR nIDEvent, UINT, void*) { return nIDEvent; }
+BOOL CWnd::KillTimer(UINT_PTR) { return TRUE; }
 
 HICON CWnd::SetIcon(HICON hIcon, BOOL) { return hIcon; }
 
@@ -329,6 +387,23 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_SETFOCUS: OnSetFocus(FromHandle(reinterpret_cast<HWND>(wParam))); return 0;
     case WM_KILLFOCUS: OnKillFocus(FromHandle(reinterpret_cast<HWND>(wParam))); return 0;
     case WM_PAINT: OnPaint(); return 0;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_LBUTTONDBLCLK:
+    case WM_MOUSEMOVE: {
+        const CPoint bod(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
+        const UINT klavesy = static_cast<UINT>(wParam);
+        if (message == WM_LBUTTONDOWN)
+            OnLButtonDown(klavesy, bod);
+        else if (message == WM_LBUTTONUP)
+            OnLButtonUp(klavesy, bod);
+        else if (message == WM_LBUTTONDBLCLK)
+            OnLButtonDblClk(klavesy, bod);
+        else
+            OnMouseMove(klavesy, bod);
+        return 0;
+    }
+    case WM_TIMER: OnTimer(static_cast<UINT_PTR>(wParam)); return 0;
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
         return reinterpret_cast<LRESULT>(CtlColor(reinterpret_cast<CDC*>(wParam),
@@ -379,6 +454,34 @@ void CWnd::OnKeyDown(UINT nChar, UINT, UINT)
 void CWnd::OnSetFocus(CWnd*) {}
 void CWnd::OnKillFocus(CWnd*) {}
 void CWnd::OnPaint() {}
+void CWnd::OnLButtonUp(UINT, CPoint) {}
+void CWnd::OnMouseMove(UINT, CPoint) {}
+void CWnd::OnTimer(UINT_PTR) {}
+
+// A list box selects the item under the button; a double click tells the parent too.
+void CWnd::OnLButtonDown(UINT, CPoint point)
+{
+    auto* list = dynamic_cast<CListBox*>(this);
+    if (!list || !m_pCtl || m_pCtl->items.empty())
+        return;
+    BOOL mimo = FALSE;
+    const int i = static_cast<int>(list->ItemFromPoint(point, mimo));
+    if (mimo)
+        return;
+    if (m_pCtl->style & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL))
+        list->SetSel(i, list->GetSel(i) ? FALSE : TRUE);
+    else
+        list->SetCurSel(i);
+    if (m_pCtl->parent)
+        m_pCtl->parent->SendMessage(WM_COMMAND, MAKEWPARAM(m_pCtl->id, LBN_SELCHANGE), reinterpret_cast<LPARAM>(m_hWnd));
+}
+
+void CWnd::OnLButtonDblClk(UINT nFlags, CPoint point)
+{
+    OnLButtonDown(nFlags, point);
+    if (m_pCtl && m_pCtl->parent && m_pCtl->kind == Kind::List)
+        m_pCtl->parent->SendMessage(WM_COMMAND, MAKEWPARAM(m_pCtl->id, LBN_DBLCLK), reinterpret_cast<LPARAM>(m_hWnd));
+}
 
 CPaintDC::~CPaintDC()
 {
@@ -417,8 +520,9 @@ CWnd* CWnd::GetDlgItem(int nID) const
         if (s->className == L"ComboBox" || s->className == L"COMBOBOX")
             w = std::make_unique<CComboBox>();
         else
-            w = std::make_unique<CWnd>();
+            w = std::make_unique<CListBox>();
         break;
+    case Kind::Spin: w = std::make_unique<CSpinButtonCtrl>(); break;
     case Kind::Label: w = std::make_unique<CStatic>(); break;
     default: w = std::make_unique<CWnd>(); break;
     }

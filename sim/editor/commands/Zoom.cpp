@@ -6,6 +6,7 @@
 
 #include "acedads.h"
 #include "dbobjptr.h"
+#include "sim/editor/EditorReactors.h"
 #include "sim/editor/InputParse.h"
 #include "sim/editor/Picking.h"
 #include "sim/editor/SysVars.h"
@@ -29,6 +30,8 @@ void setView(const AcGePoint3d& centreWcs, double height)
     active->setCenterPoint(AcGePoint2d(centreWcs.x, centreWcs.y));
     active->setHeight(height);
     active->setWidth(height * aspect);
+    active.close();
+    notifyViewChanged();
 }
 
 /// The view that shows the rectangle of two corners (WCS) whole.
