@@ -218,9 +218,9 @@ Adesk::Int32 ZmenTS_DS_MLS::Zpracuj(AcDbObjectId id)
             zmena(odkaz->setTextStyleId(styl));
         if (AcDbObjectId styl = NoveId(mleaderStyly, odkaz->MLeaderStyle()); !styl.isNull())
             zmena(odkaz->setMLeaderStyle(styl));
-    } else if (AcDbAttribute* atribut = AcDbAttribute::cast(entita)) {
-        if (AcDbObjectId styl = NoveId(textStyly, atribut->textStyle()); !styl.isNull())
-            zmena(atribut->setTextStyle(styl));
+    } else if (AcDbText* text = AcDbText::cast(entita)) { // texts, attributes and their definitions
+        if (AcDbObjectId styl = NoveId(textStyly, text->textStyle()); !styl.isNull())
+            zmena(text->setTextStyle(styl));
     } else if (AcDbMText* mtext = AcDbMText::cast(entita)) {
         if (AcDbObjectId styl = NoveId(textStyly, mtext->textStyle()); !styl.isNull())
             zmena(mtext->setTextStyle(styl));
@@ -229,6 +229,11 @@ Adesk::Int32 ZmenTS_DS_MLS::Zpracuj(AcDbObjectId id)
             zmena(kota->setDimtxsty(styl));
         if (AcDbObjectId styl = NoveId(kotaStyly, kota->dimensionStyle()); !styl.isNull())
             zmena(kota->setDimensionStyle(styl));
+    } else if (AcDbLeader* odkaz = AcDbLeader::cast(entita)) {
+        if (AcDbObjectId styl = NoveId(kotaStyly, odkaz->dimensionStyle()); !styl.isNull()) {
+            odkaz->setDimensionStyle(styl);
+            zmena(Acad::eOk);
+        }
     }
 
     if (AcDbObjectId typ = NoveId(typyCar, entita->linetypeId()); !typ.isNull())

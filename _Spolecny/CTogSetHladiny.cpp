@@ -7,6 +7,7 @@
 #include "CTogException.h"
 #include "CTogSet.h"
 #include "CTogXRecord.h"
+#include "PrevodStandardu.h"
 
 namespace {
 
@@ -24,13 +25,6 @@ AcString BezPredpony(const AcString& nazev)
         if (nazev.getAt(i) == L'_')
             return nazev.mid(i + 1);
     return nazev;
-}
-
-// The conversion of the old layer standard comes with its own module; this build only says so.
-AcDbObjectId PrevedHladinyZatimNeni(const ACHAR* celyNazev)
-{
-    acutPrintf(L"\nPřevod hladin se starými názvy není v této verzi zatím k dispozici.");
-    return IdHladiny(celyNazev);
 }
 
 // A locked layer is unlocked once the user agrees (or agreed "Ano všem" earlier in this run).
@@ -82,7 +76,10 @@ bool NabidniPrevod(const StdHladina& hladina, const ACHAR* celyNazev, AcDbObject
         const Adesk::Int32 ano = 1;
         CTogXRecord::UlozDoX(kNeptatSeNaStare, ano, kSkupinaHladiny);
     } else if (odpoved == IDYES) {
-        id = PrevedHladinyZatimNeni(celyNazev);
+        // The conversion brings the layer about, or nothing is created.
+        CTogCmd::ParyId sloucene;
+        PrevedHladiny(sloucene);
+        id = IdHladiny(celyNazev);
         return true;
     }
     return false;

@@ -4,6 +4,7 @@
 #include "StdAfx.h"
 #include "Utility.h"
 #include "OkrajPrikazu.h"
+#include "PrevodStandardu.h"
 #include "_Hlavni/ZatimNeni.h"
 
 namespace {
@@ -31,4 +32,7 @@ void ZobrazCTB() {}
 
 void PrikazCistiVysky() { ProvedPrikaz([] { PrikazZatimNeni(L"CISTIVYSKY"); }); }
 
-void PrikazPreved() { ProvedPrikaz([] { PrikazZatimNeni(L"preved"); }); }
+void PrikazPreved()
+{
+    ProvedPrikaz([] { PrevedStandardy(kPrevestStyly | kPrevestHladiny | kPrevestTypyCar); });
+}
