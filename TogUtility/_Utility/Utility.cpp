@@ -5,6 +5,7 @@
 #include "Utility.h"
 #include "OkrajPrikazu.h"
 #include "PrevodStandardu.h"
+#include "SedaReference.h"
 #include "_Hlavni/ZatimNeni.h"
 
 namespace {
@@ -14,7 +15,7 @@ void NactiBody(int forma) { PrikazZatimNeni(forma == 0 ? L"nactiGPS" : L"nactiJT
 
 } // namespace
 
-void PrikazSs() { ProvedPrikaz([] { PrikazZatimNeni(L"ss"); }); }
+void PrikazSs() { ProvedPrikaz(SedaReference); }
 
 void PrikazVvs() { ProvedPrikaz([] { PrikazZatimNeni(L"vvs"); }); }
 
