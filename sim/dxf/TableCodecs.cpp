@@ -445,12 +445,6 @@ protected:
     {
         auto& values = sim::db::dimStyleValues(const_cast<AcDbDimStyleTableRecord*>(&r));
         for (const auto& [code, value] : values) {
-            // A DIMBLK given by name goes out as the handle of its block; 5 is the handle's code.
-            if (code == 5) {
-                if (AcDbObjectId block = r.dimblk(); !block.isNull() && !values.count(342))
-                    w.out.handle(342, block.handle());
-                continue;
-            }
             if (const auto* s = std::get_if<std::wstring>(&value))
                 w.out.text(code, *s);
             else if (const auto* d = std::get_if<double>(&value))
