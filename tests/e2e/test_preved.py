@@ -120,7 +120,7 @@ def summary(doc):
 
 
 def run(tmp, src, script, out):
-    code, stdout, stderr = togu_e2e.run_togu(tmp, script, src, "-o", out)
+    code, stdout, stderr = togu_e2e.run_togu(tmp, script, *([src] if src else []), "-o", out)
     if code != 0:
         raise AssertionError("togu failed (%d): %s\n%s" % (code, stderr, stdout))
     return stdout
@@ -216,6 +216,18 @@ class Preved(unittest.TestCase):
         run(self.tmp, again, "", same)
         with open(again, "rb") as a, open(same, "rb") as b:
             self.assertEqual(a.read(), b.read())
+
+    def test_old_drawing_inserted_as_a_block_is_converted_inside_it(self):
+        # The demo's old drawing comes in with its layers and styles, dimension styles included.
+        out = os.path.join(self.tmp, "out.dxf")
+        old = os.path.join(togu_e2e.SOURCE, "data", "demo", "stary_vykres.dxf")
+        run(self.tmp, None, "_INSERT\n%s\n0,0\n\n\n\npreved\n" % old, out)
+        doc = ezdxf.readfile(out)
+        self.assertEqual({s.dxf.name for s in doc.dimstyles}, {"Standard", "TG_VODA2", "TG_KANREZ"})
+        block = doc.blocks.get("stary_vykres")
+        self.assertEqual(sorted(e.dxf.dimstyle for e in block.query("DIMENSION")), ["TG_KANREZ", "TG_VODA2"])
+        self.assertEqual({e.dxf.layer for e in block}, {"TU_ZT-voda_SV", "TU_osy", "TU_popisy_035", "TU_kóty"})
+        self.assertEqual({e.dxf.style for e in block.query("TEXT")}, {"TG_TXT_MALY", "TG_TXT_VELKY"})
 
     def test_standard_layer_request_offers_the_conversion_of_old_layers(self):
         src, out = os.path.join(self.tmp, "stary.dxf"), os.path.join(self.tmp, "out.dxf")
