@@ -175,9 +175,11 @@ void PrevedHladiny(CTogCmd::ParyId& sloucit)
         stare.emplace(stary, &radek);
     }
 
-    int prevedeno = 0;
+    // The layers to convert are gathered first, so that the table is closed when the whole name is
+    // formed: that may open the prefix dialog, which reads and renames layers itself.
+    std::vector<std::pair<AcDbObjectId, const StdHladina*>> prevest;
     {
-        AcDbLayerTablePointer tabulka(db, AcDb::kForWrite);
+        AcDbLayerTablePointer tabulka(db, AcDb::kForRead);
         AcDbLayerTableIterator* pIterator = nullptr;
         if (tabulka.openStatus() != Acad::eOk || tabulka->newIterator(pIterator) != Acad::eOk || pIterator == nullptr)
             throw CTogException("Nelze otevřít Layer table for writting", __LINE__, __FILE__, tabulka.openStatus());
@@ -194,32 +196,32 @@ void PrevedHladiny(CTogCmd::ParyId& sloucit)
                     hladina->getName(nazev) != Acad::eOk)
                     continue;
             }
-            const StdHladina* radek = nullptr;
             if (auto stara = stare.find(KlicKatalogu(nazev)); stara != stare.end()) {
-                radek = stara->second;
-            } else {
-                nazev = BezPredpony(nazev);
-                radek = NajdiStdHladinu(nazev);
-                // A catalogue name spelled right behind any prefix stays.
-                if (radek == nullptr || nazev == radek->nazev)
-                    continue;
-            }
-
-            const AcString cil = g_pNastaveni->Predpony().NazevSPredponou(radek->nazev);
-            AcDbLayerTableRecordPointer hladina(id, AcDb::kForWrite);
-            if (hladina.openStatus() != Acad::eOk)
-                continue;
-            ++prevedeno;
-            // The target may be this very layer in another spelling: then it is only renamed.
-            AcDbObjectId idCile;
-            if (tabulka->getAt(cil, idCile) == Acad::eOk && idCile != id) {
-                sloucit.emplace_back(id, idCile);
+                prevest.emplace_back(id, stara->second);
                 continue;
             }
-            hladina->setName(cil);
-            NastavHladinu(*radek, hladina.object());
-            NastavPopisHladiny(*radek, hladina.object());
+            nazev = BezPredpony(nazev);
+            // A catalogue name spelled right behind any prefix stays.
+            if (const StdHladina* radek = NajdiStdHladinu(nazev); radek != nullptr && !(nazev == radek->nazev))
+                prevest.emplace_back(id, radek);
         }
+    }
+
+    int prevedeno = 0;
+    for (const auto& [id, radek] : prevest) {
+        const AcString cil = g_pNastaveni->Predpony().NazevSPredponou(radek->nazev);
+        AcDbLayerTableRecordPointer hladina(id, AcDb::kForWrite);
+        if (hladina.openStatus() != Acad::eOk)
+            continue;
+        ++prevedeno;
+        // The target may be this very layer in another spelling: then it is only renamed.
+        if (AcDbObjectId idCile = IdHladiny(cil); !idCile.isNull() && idCile != id) {
+            sloucit.emplace_back(id, idCile);
+            continue;
+        }
+        hladina->setName(cil);
+        NastavHladinu(*radek, hladina.object());
+        NastavPopisHladiny(*radek, hladina.object());
     }
     g_pNastaveni->Predpony().SloucitHladiny(sloucit);
     acutPrintf(L"\nBylo převedeno %i hladin", prevedeno);
