@@ -3,6 +3,8 @@
 #include "CTogBaseNastav.h"
 #include "CTogException.h"
 #include "CTogRegistry.h"
+#include "CTogSezMaterialu.h"
+#include "_Dialogs/CTgDlgNastaveni.h"
 
 CTogBaseNastav* g_pNastaveni = nullptr;
 
@@ -44,8 +46,8 @@ CTogBaseNastav::~CTogBaseNastav()
         CTogRegistry::UlozGlobPrepinace(static_cast<Adesk::Int16>(Glob_prepinace & 0xFFFF));
     } catch (const std::exception&) {
     }
-    // The catalogue and the current material (m_katalog, m_material) are made by the material
-    // picker; nothing in this build makes them, so there is nothing to delete yet.
+    // The catalogue goes first: its materials let go of the current material's link.
+    m_katalog.reset();
     try {
         CTogRegistry::UlozRetezec(CTogRegistry::kKlicSpolecny, CTogPredpony::kNazevHodnoty, m_predpony.globalni);
     } catch (const std::exception&) {
@@ -58,6 +60,11 @@ void CTogBaseNastav::ZapamatujOdpoved(std::uint32_t klic, std::uint32_t hodnota)
 
 void CTogBaseNastav::SpustDialogNastaveni()
 {
-    // The settings dialog comes in a later build; until then nothing changes.
-    acutPrintf(L"\nDialog nastavení zatím není v tomto sestavení k dispozici.");
+    // The dialog stores the prefixes itself on OK; the word of switches reaches the registry at unload.
+    CTgDlgNastaveni dialog(&m_predpony, m_predpony.globalni.kwszPtr(), Glob_prepinace, AfxGetMainWnd());
+    if (dialog.DoModal() != IDOK)
+        return;
+    NASTAVENO = 1;
+    m_predpony.globalni = dialog.m_globalni.GetString();
+    Glob_prepinace = dialog.m_prepinace;
 }

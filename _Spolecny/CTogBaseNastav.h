@@ -3,12 +3,15 @@
 #pragma once
 #include <cstdint>
 #include <map>
+#include <memory>
 #include "AcString.h"
 #include "adesk.h"
+#include "CTogMaterial.h"
+#include "CTogOdkaz.h"
 #include "CTogPredpony.h"
 
-class CTogMaterial;
 class CTogSezMaterialu;
+class CWnd;
 
 /// Bits of Glob_prepinace.
 enum GlobPrepinac : std::uint32_t {
@@ -53,9 +56,32 @@ public:
     bool JeZodpovezeno(std::uint32_t klic) const;
     /// Remembers an answer; a key that is there stays unchanged.
     void ZapamatujOdpoved(std::uint32_t klic, std::uint32_t hodnota);
+    /// Forgets a remembered answer, so that the question is asked again.
+    void ZapomenOdpoved(std::uint32_t klic) { m_odpovedi.erase(klic); }
 
     /// Runs the settings dialog (command tuset and the first-run question).
     void SpustDialogNastaveni();
+
+    /// The built-in name of the current material.
+    static constexpr const ACHAR* kVychoziMaterial = L"PPR3, PN 16";
+    /// The catalogue; made and loaded from the user's file at the first call.
+    CTogSezMaterialu& Katalog();
+    /// The current material of the current drawing: kept while the drawing stays the same, else found
+    /// by the name stored in the drawing, in the registry or the built-in one (may ask the user).
+    CTogMaterial* AktualniMaterial();
+    /// The picker; on OK the pick becomes current and is stored in the drawing. Gives the current
+    /// material.
+    CTogMaterial* VyberMaterial(CWnd* rodic = nullptr);
+    /// Stores the current material's five values in the drawing (group Koty).
+    void UlozAktualniMaterial();
+    /// Stores the material's five values in the registry as the user's default.
+    void UlozVychoziMaterial(const CTogMaterial& material);
+    /// A ZTI material of the name with the stored (or built-in) parameters and the profiles DN 10 to
+    /// DN 100, inserted in the catalogue, which is saved; it becomes current.
+    CTogMaterial* VytvorVychoziMaterial(const ACHAR* nazev);
+    /// The material editor on the catalogue (its working copy); the current material stays aimed at
+    /// the catalogue's objects.
+    void EditujMaterialy(CWnd* rodic = nullptr);
 
     bool Prepinac(std::uint32_t bit) const { return (Glob_prepinace & bit) != 0; }
     CTogPredpony& Predpony() { return m_predpony; }
@@ -65,8 +91,9 @@ public:
 
 private:
     std::map<std::uint32_t, std::uint32_t> m_odpovedi;
-    CTogMaterial* m_material = nullptr;
-    CTogSezMaterialu* m_katalog = nullptr;
+    CTogOdkaz<CTogMaterial> m_material;
+    std::unique_ptr<CTogSezMaterialu> m_katalog;
+    AcString m_otiskMaterialu; ///< the drawing the current material belongs to
     AcString m_nazevMaterialu;
     CTogPredpony m_predpony;
 };

@@ -35,18 +35,6 @@ AcDbDatabase* Vykres()
     return acdbHostApplicationServices()->workingDatabase();
 }
 
-/// The fingerprint of the active drawing; empty without one.
-AcString OtiskVykresu()
-{
-    AcDbDatabase* db = Vykres();
-    ACHAR* guid = nullptr;
-    if (!db || db->getFingerprintGuid(guid) != Acad::eOk || !guid)
-        return AcString();
-    AcString otisk(guid);
-    acutDelString(guid);
-    return otisk;
-}
-
 bool ZacinaNa(const AcString& text, const AcString& zacatek)
 {
     return text.length() >= zacatek.length() && std::wstring_view(text.kwszPtr(), zacatek.length()) == zacatek.kwszPtr();
@@ -225,6 +213,17 @@ void CTogPredpony::NajdiCiziPredpony(const AcString& predponaVykresu, const AcSt
         if (katalog.count(zbytek) && !(kandidat == predponaVykresu) && !(kandidat == globalni1))
             cizi.insert(kandidat);
     }
+}
+
+AcString OtiskVykresu()
+{
+    AcDbDatabase* db = Vykres();
+    ACHAR* guid = nullptr;
+    if (!db || db->getFingerprintGuid(guid) != Acad::eOk || !guid)
+        return AcString();
+    AcString otisk(guid);
+    acutDelString(guid);
+    return otisk;
 }
 
 bool DialogPredpony(CTogPredpony& predpony, const ACHAR* navrh, AcString* vysledek)

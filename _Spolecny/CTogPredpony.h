@@ -46,6 +46,9 @@ public:
     std::set<AcString> cizi;       // foreign prefixes found by the last search
 };
 
+/// The fingerprint GUID of the active drawing; empty without one.
+AcString OtiskVykresu();
+
 /// Runs the prefix dialog on the object. With a proposal (from the settings dialog) it runs in settings
 /// mode. True on OK, with the global prefix in `vysledek`; false otherwise.
 bool DialogPredpony(CTogPredpony& predpony, const ACHAR* navrh, AcString* vysledek = nullptr);

@@ -19,6 +19,20 @@ std::optional<Options> parseOptions(const std::vector<std::string>& args, std::s
         slot = args[++i];
         return true;
     };
+    auto pair = [&](size_t& i, std::optional<std::pair<std::string, std::string>>& slot) -> bool {
+        const std::string& name = args[i];
+        if (i + 2 >= args.size() || args[i + 1].empty() || args[i + 2].empty()) {
+            error = "the option " + name + " needs two files";
+            return false;
+        }
+        if (slot) {
+            error = "the option " + name + " is given twice";
+            return false;
+        }
+        slot = std::make_pair(args[i + 1], args[i + 2]);
+        i += 2;
+        return true;
+    };
     for (size_t i = 0; i < args.size(); ++i) {
         const std::string& a = args[i];
         bool ok = true;
@@ -34,6 +48,10 @@ std::optional<Options> parseOptions(const std::vector<std::string>& args, std::s
             ok = value(i, o.install);
         else if (a == "--registry")
             ok = value(i, o.registry);
+        else if (a == "--catalogue-export")
+            ok = pair(i, o.catalogueExport);
+        else if (a == "--catalogue-import")
+            ok = pair(i, o.catalogueImport);
         else if (a.size() > 1 && a[0] == '-') {
             error = "unknown option " + a;
             return std::nullopt;
@@ -49,6 +67,12 @@ std::optional<Options> parseOptions(const std::vector<std::string>& args, std::s
         if (!ok)
             return std::nullopt;
     }
+    const bool conversion = o.catalogueExport || o.catalogueImport;
+    if (conversion && (o.drawing || o.script || o.output || o.svg || o.install || o.registry ||
+                       (o.catalogueExport && o.catalogueImport))) {
+        error = "a catalogue conversion runs alone, without a drawing, a script or other options";
+        return std::nullopt;
+    }
     return o;
 }
 
@@ -60,7 +84,10 @@ std::string usage()
            "  -o out.dxf      save the drawing there at the end\n"
            "  --svg out.svg   draw the drawing there as an SVG picture at the end\n"
            "  --install DIR   the installation folder with the support files (default: the shipped data)\n"
-           "  --registry DIR  the folder of the registry's .reg files (default: ~/.config/togu)\n";
+           "  --registry DIR  the folder of the registry's .reg files (default: ~/.config/togu)\n"
+           "       togu --catalogue-export FILE.tgp OUT.csv | --catalogue-import IN.csv OUT.tgp\n"
+           "  --catalogue-export  write a pipe catalogue as text (UTF-8, semicolons, one line per profile)\n"
+           "  --catalogue-import  make a pipe catalogue from such text; a bad line is named, nothing is written\n";
 }
 
 } // namespace togu::cli

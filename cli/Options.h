@@ -1,8 +1,9 @@
 // The console's command line: togu [drawing.dxf] [-s script] [-o out.dxf] [--svg out.svg]
-// [--install DIR] [--registry DIR].
+// [--install DIR] [--registry DIR], or one of the catalogue conversions alone.
 #pragma once
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace togu::cli {
@@ -15,6 +16,9 @@ struct Options {
     std::optional<std::string> install; ///< the installation folder; none gives the shipped data
     std::optional<std::string> registry; ///< the folder of the .reg files; none gives the user's
     bool help = false;
+    /// --catalogue-export FILE.tgp OUT.csv and --catalogue-import IN.csv OUT.tgp: from and to.
+    std::optional<std::pair<std::string, std::string>> catalogueExport;
+    std::optional<std::pair<std::string, std::string>> catalogueImport;
 };
 
 /// Reads the arguments (without the program name). Nothing, with the reason in error, for an

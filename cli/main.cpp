@@ -8,6 +8,7 @@
 #include "cli/Console.h"
 #include "cli/Options.h"
 #include "cli/Paths.h"
+#include "tools/katalog/KatalogCsv.h"
 
 int main(int argc, char** argv)
 {
@@ -21,6 +22,16 @@ int main(int argc, char** argv)
     if (options->help) {
         std::cout << togu::cli::usage();
         return 0;
+    }
+    if (options->catalogueExport || options->catalogueImport) {
+        std::string chyba = options->catalogueExport
+                                ? togu::katalog::ExportujKatalog(options->catalogueExport->first,
+                                                                 options->catalogueExport->second)
+                                : togu::katalog::ImportujKatalog(options->catalogueImport->first,
+                                                                 options->catalogueImport->second);
+        if (!chyba.empty())
+            std::cerr << "togu: " << chyba << "\n";
+        return chyba.empty() ? 0 : 1;
     }
     return togu::cli::run(*options, togu::cli::executablePath(argc > 0 ? argv[0] : nullptr), std::cin,
                           isatty(STDIN_FILENO) != 0, std::cout, std::cerr);

@@ -18,6 +18,12 @@ typedef struct tagNMHDR {
 #define TVN_SELCHANGED TVN_SELCHANGEDW
 #define TVN_ITEMCHANGEDW (TVN_FIRST - 19)
 #define TVN_ITEMCHANGED TVN_ITEMCHANGEDW
+#define NM_DBLCLK (NM_FIRST - 3)
+#define TVN_GETDISPINFOW (TVN_FIRST - 52)
+#define TVN_SETDISPINFOW (TVN_FIRST - 53)
+#define TVN_ENDLABELEDITW (TVN_FIRST - 60)
+#define LVN_FIRST (0U - 100U)
+#define LVN_ITEMCHANGED (LVN_FIRST - 1)
 
 struct _TREEITEM;
 typedef struct _TREEITEM* HTREEITEM;
@@ -37,6 +43,65 @@ typedef struct _TREEITEM* HTREEITEM;
 #define TVGN_NEXT 0x0001
 #define TVGN_CHILD 0x0004
 #define TVGN_CARET 0x0009
+#define TVGN_PREVIOUS 0x0002
+#define TVIF_TEXT 0x0001
+#define TVIF_PARAM 0x0004
+#define TVS_EDITLABELS 0x0008
+#define TVS_SHOWSELALWAYS 0x0020
+#define TVS_FULLROWSELECT 0x1000
+#define LPSTR_TEXTCALLBACKW ((LPWSTR)-1L)
+
+// Tree view messages (commctrl.h).
+#define TV_FIRST 0x1100
+#define TVM_DELETEITEM (TV_FIRST + 1)
+#define TVM_GETCOUNT (TV_FIRST + 5)
+#define TVM_GETNEXTITEM (TV_FIRST + 10)
+#define TVM_SORTCHILDRENCB (TV_FIRST + 21)
+#define TVM_ENDEDITLABELNOW (TV_FIRST + 22)
+#define TVM_SETEXTENDEDSTYLE (TV_FIRST + 44)
+#define TVM_INSERTITEMW (TV_FIRST + 50)
+#define TVM_GETITEMW (TV_FIRST + 62)
+#define TVM_SETITEMW (TV_FIRST + 63)
+#define TVM_EDITLABELW (TV_FIRST + 65)
+
+typedef struct tagTVITEMW {
+    UINT mask;
+    HTREEITEM hItem;
+    UINT state;
+    UINT stateMask;
+    LPWSTR pszText;
+    int cchTextMax;
+    int iImage;
+    int iSelectedImage;
+    int cChildren;
+    LPARAM lParam;
+} TVITEMW, *LPTVITEMW;
+
+typedef struct tagTVINSERTSTRUCTW {
+    HTREEITEM hParent;
+    HTREEITEM hInsertAfter;
+    TVITEMW item;
+} TVINSERTSTRUCTW;
+
+typedef int(CALLBACK* PFNTVCOMPARE)(LPARAM lParam1, LPARAM lParam2, LPARAM lParamSort);
+typedef struct tagTVSORTCB {
+    HTREEITEM hParent;
+    PFNTVCOMPARE lpfnCompare;
+    LPARAM lParam;
+} TVSORTCB;
+
+typedef struct tagNMTREEVIEWW {
+    NMHDR hdr;
+    UINT action;
+    TVITEMW itemOld;
+    TVITEMW itemNew;
+    POINT ptDrag;
+} NMTREEVIEWW;
+
+typedef struct tagTVDISPINFOW {
+    NMHDR hdr;
+    TVITEMW item;
+} NMTVDISPINFOW;
 
 /// TVN_ITEMCHANGED: an item's state changed; a check box shows in the state image (1 clear, 2 set).
 typedef struct tagTVITEMCHANGE {
@@ -77,6 +142,70 @@ public:
     BOOL SetCheck(HTREEITEM hItem, BOOL fCheck = TRUE);
     DWORD_PTR GetItemData(HTREEITEM hItem) const;
     BOOL SetItemData(HTREEITEM hItem, DWORD_PTR dwData);
+};
+
+// List view in report mode (SysListView32): rows of texts under column headings.
+#define LVCFMT_LEFT 0x0000
+#define LVNI_ALL 0x0000
+#define LVNI_SELECTED 0x0002
+#define LVIS_FOCUSED 0x0001
+#define LVIS_SELECTED 0x0002
+#define LVIF_STATE 0x0008
+#define LVS_REPORT 0x0001
+#define LVS_SINGLESEL 0x0004
+#define LVS_SHOWSELALWAYS 0x0008
+#define LVS_EX_FULLROWSELECT 0x00000020
+#define LVS_EX_GRIDLINES 0x00000001
+#define LVSCW_AUTOSIZE_USEHEADER -2
+
+/// LVN_ITEMCHANGED: an item's state changed (its selection).
+typedef struct tagNMLISTVIEW {
+    NMHDR hdr;
+    int iItem;
+    int iSubItem;
+    UINT uNewState;
+    UINT uOldState;
+    UINT uChanged;
+    POINT ptAction;
+    LPARAM lParam;
+} NMLISTVIEW, *LPNMLISTVIEW;
+
+/// NM_DBLCLK of a list view: the item under the pointer, -1 for none.
+typedef struct tagNMITEMACTIVATE {
+    NMHDR hdr;
+    int iItem;
+    int iSubItem;
+    UINT uNewState;
+    UINT uOldState;
+    UINT uChanged;
+    POINT ptAction;
+    LPARAM lParam;
+    UINT uKeyFlags;
+} NMITEMACTIVATE;
+
+typedef int(CALLBACK* PFNLVCOMPARE)(LPARAM lParam1, LPARAM lParam2, LPARAM lParamSort);
+
+class CListCtrl : public CWnd {
+public:
+    int InsertColumn(int nCol, LPCWSTR lpszColumnHeading, int nFormat = LVCFMT_LEFT, int nWidth = -1, int nSubItem = -1);
+    /// Inserts at nItem (or at the end when past it); gives the index.
+    int InsertItem(int nItem, LPCWSTR lpszItem);
+    BOOL SetItemText(int nItem, int nSubItem, LPCWSTR lpszText);
+    CString GetItemText(int nItem, int nSubItem) const;
+    BOOL SetItemData(int nItem, DWORD_PTR dwData);
+    DWORD_PTR GetItemData(int nItem) const;
+    int GetItemCount() const;
+    BOOL DeleteItem(int nItem);
+    BOOL DeleteAllItems();
+    /// LVNI_SELECTED from nItem + 1 on: the selected item, -1 for none.
+    int GetNextItem(int nItem, int nFlags) const;
+    /// LVIS_SELECTED in both masks selects the item (the list is single-selection) and tells the
+    /// parent with LVN_ITEMCHANGED; a clear state deselects it.
+    BOOL SetItemState(int nItem, UINT nState, UINT nMask);
+    /// Sorts by the items' data with the compare function.
+    BOOL SortItems(PFNLVCOMPARE pfnCompare, DWORD_PTR dwData);
+    DWORD SetExtendedStyle(DWORD dwNewStyle);
+    BOOL EnsureVisible(int nItem, BOOL bPartialOK);
 };
 
 /// Tooltips of a dialog's controls. The model keeps the text on the tool's control, where the platform

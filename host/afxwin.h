@@ -209,9 +209,15 @@ public:
     void Invalidate(BOOL bErase = TRUE);
     BOOL GetWindowRect(LPRECT lpRect) const;
     BOOL GetClientRect(LPRECT lpRect) const;
+    /// Client coordinates of this window from screen ones (the model's windows stand at the origin).
+    void ScreenToClient(LPRECT lpRect) const;
     HICON SetIcon(HICON hIcon, BOOL bBigIcon);
     void EnableDynamicLayout(BOOL bEnable = TRUE);
 
+    /// Makes this object a child window of the class under the parent, with the id. Inside a running
+    /// dialog the child joins its controls, after those of the resource.
+    virtual BOOL Create(LPCWSTR lpszClassName, LPCWSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
+                        CWnd* pParentWnd, UINT nID);
     /// Delivers the message to WindowProc at once.
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
@@ -276,6 +282,20 @@ public:
     /// The balloon shows in the transcript; ttiIcon is a TTI_ value.
     BOOL ShowBalloonTip(LPCWSTR lpszTitle, LPCWSTR lpszText, INT ttiIcon = 0);
     BOOL HideBalloonTip();
+};
+
+/// A drop-down list of texts (ComboBox); CBN_SELCHANGE tells the parent of a choice made by the user.
+class CComboBox : public CWnd {
+public:
+    /// Adds at the end; gives the index.
+    int AddString(LPCWSTR lpszString);
+    void ResetContent();
+    int GetCount() const;
+    /// -1 for none.
+    int GetCurSel() const;
+    /// -1 clears the choice; gives CB_ERR (-1) for an index out of range.
+    int SetCurSel(int nSelect);
+    void GetLBText(int nIndex, CString& rString) const;
 };
 
 // ---------------------------------------------------------------------------------------------

@@ -363,6 +363,8 @@ BOOL WINAPI MessageBeep(UINT uType);
 #define VK_ESCAPE 0x1B
 #define VK_DELETE 0x2E
 
+#define CS_DBLCLKS 0x0008
+
 typedef LRESULT(CALLBACK* WNDPROC)(HWND, UINT, WPARAM, LPARAM);
 typedef struct tagWNDCLASSW {
     UINT style;

@@ -11,7 +11,9 @@
 
 namespace sim::ui {
 
-enum class Kind { Other, PushButton, CheckBox, ThreeState, Radio, GroupBox, Edit, Label, Tree, List, Link };
+/// Grid: the tree view with columns (window class "TreeList"), read and driven through its messages.
+/// ListView: a list view in report mode, rows under column headings.
+enum class Kind { Other, PushButton, CheckBox, ThreeState, Radio, GroupBox, Edit, Label, Tree, List, Link, Grid, ListView };
 
 /// The kind of a control from its window class and style.
 Kind kindOf(const std::wstring& className, DWORD style);
@@ -21,6 +23,7 @@ struct Item {
     int parent = -1; ///< index of the parent item, -1 at the root
     bool checked = false;
     DWORD_PTR data = 0;
+    std::vector<std::wstring> cells; ///< a list view's texts of the columns after the first
 };
 
 /// A pseudo handle for a control: controls are no windows of the window table, only their dialog is.
@@ -45,6 +48,7 @@ struct AFX_CTLSTATE {
     UINT limit = 0; ///< 0: the edit's default
     std::vector<sim::ui::Item> items;
     int selectedItem = -1;
+    std::vector<std::wstring> columns; ///< a list view's column headings
     std::wstring tooltip;
     std::vector<std::wstring> painted;
     int acceptedChars = 0; ///< characters an edit took, for the runner to see refused keys

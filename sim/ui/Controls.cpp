@@ -84,6 +84,45 @@ BOOL CEdit::HideBalloonTip() { return TRUE; }
 
 // ---------------------------------------------------------------------------------------------
 
+int CComboBox::AddString(LPCWSTR lpszString)
+{
+    AFX_CTLSTATE& s = st(this);
+    sim::ui::Item item;
+    item.text = lpszString ? lpszString : L"";
+    s.items.push_back(item);
+    return static_cast<int>(s.items.size()) - 1;
+}
+
+void CComboBox::ResetContent()
+{
+    AFX_CTLSTATE& s = st(this);
+    s.items.clear();
+    s.selectedItem = -1;
+}
+
+int CComboBox::GetCount() const { return static_cast<int>(st(this).items.size()); }
+int CComboBox::GetCurSel() const { return st(this).selectedItem; }
+
+int CComboBox::SetCurSel(int nSelect)
+{
+    AFX_CTLSTATE& s = st(this);
+    if (nSelect < -1 || nSelect >= static_cast<int>(s.items.size())) {
+        s.selectedItem = -1;
+        return -1;
+    }
+    s.selectedItem = nSelect;
+    return nSelect;
+}
+
+void CComboBox::GetLBText(int nIndex, CString& rString) const
+{
+    const AFX_CTLSTATE& s = st(this);
+    rString = nIndex >= 0 && nIndex < static_cast<int>(s.items.size()) ? s.items[static_cast<size_t>(nIndex)].text.c_str()
+                                                                      : L"";
+}
+
+// ---------------------------------------------------------------------------------------------
+
 HTREEITEM CTreeCtrl::InsertItem(LPCWSTR lpszItem, HTREEITEM hParent, HTREEITEM)
 {
     AFX_CTLSTATE& s = st(this);
@@ -184,6 +223,162 @@ BOOL CTreeCtrl::SetItemData(HTREEITEM hItem, DWORD_PTR dwData)
     s.items[static_cast<size_t>(indexOf(hItem))].data = dwData;
     return TRUE;
 }
+
+// ---------------------------------------------------------------------------------------------
+
+namespace {
+
+bool validRow(const AFX_CTLSTATE& s, int n) { return n >= 0 && n < static_cast<int>(s.items.size()); }
+
+// Tells the list's parent that the selection of a row changed.
+void notifySelection(CWnd* list, AFX_CTLSTATE& s, int row, bool selected)
+{
+    if (!s.parent || !validRow(s, row))
+        return;
+    NMLISTVIEW nm{};
+    nm.hdr = NMHDR{s.hwnd, static_cast<UINT_PTR>(s.id), LVN_ITEMCHANGED};
+    nm.iItem = row;
+    nm.uChanged = LVIF_STATE;
+    nm.uNewState = selected ? LVIS_SELECTED | LVIS_FOCUSED : 0;
+    nm.uOldState = selected ? 0 : LVIS_SELECTED | LVIS_FOCUSED;
+    nm.lParam = static_cast<LPARAM>(s.items[static_cast<size_t>(row)].data);
+    (void)list;
+    s.parent->SendMessage(WM_NOTIFY, static_cast<WPARAM>(s.id), reinterpret_cast<LPARAM>(&nm));
+}
+
+} // namespace
+
+int CListCtrl::InsertColumn(int nCol, LPCWSTR lpszColumnHeading, int, int, int)
+{
+    AFX_CTLSTATE& s = st(this);
+    const int at = std::clamp(nCol, 0, static_cast<int>(s.columns.size()));
+    s.columns.insert(s.columns.begin() + at, lpszColumnHeading ? lpszColumnHeading : L"");
+    return at;
+}
+
+int CListCtrl::InsertItem(int nItem, LPCWSTR lpszItem)
+{
+    AFX_CTLSTATE& s = st(this);
+    const int at = std::clamp(nItem, 0, static_cast<int>(s.items.size()));
+    sim::ui::Item item;
+    item.text = lpszItem ? lpszItem : L"";
+    s.items.insert(s.items.begin() + at, item);
+    if (s.selectedItem >= at)
+        ++s.selectedItem;
+    return at;
+}
+
+BOOL CListCtrl::SetItemText(int nItem, int nSubItem, LPCWSTR lpszText)
+{
+    AFX_CTLSTATE& s = st(this);
+    if (!validRow(s, nItem) || nSubItem < 0)
+        return FALSE;
+    auto& it = s.items[static_cast<size_t>(nItem)];
+    if (nSubItem == 0) {
+        it.text = lpszText ? lpszText : L"";
+        return TRUE;
+    }
+    if (it.cells.size() < static_cast<size_t>(nSubItem))
+        it.cells.resize(static_cast<size_t>(nSubItem));
+    it.cells[static_cast<size_t>(nSubItem - 1)] = lpszText ? lpszText : L"";
+    return TRUE;
+}
+
+CString CListCtrl::GetItemText(int nItem, int nSubItem) const
+{
+    const AFX_CTLSTATE& s = st(this);
+    if (!validRow(s, nItem) || nSubItem < 0)
+        return CString();
+    const auto& it = s.items[static_cast<size_t>(nItem)];
+    if (nSubItem == 0)
+        return CString(it.text.c_str());
+    return static_cast<size_t>(nSubItem) <= it.cells.size() ? CString(it.cells[static_cast<size_t>(nSubItem - 1)].c_str())
+                                                            : CString();
+}
+
+BOOL CListCtrl::SetItemData(int nItem, DWORD_PTR dwData)
+{
+    AFX_CTLSTATE& s = st(this);
+    if (!validRow(s, nItem))
+        return FALSE;
+    s.items[static_cast<size_t>(nItem)].data = dwData;
+    return TRUE;
+}
+
+DWORD_PTR CListCtrl::GetItemData(int nItem) const
+{
+    const AFX_CTLSTATE& s = st(this);
+    return validRow(s, nItem) ? s.items[static_cast<size_t>(nItem)].data : 0;
+}
+
+int CListCtrl::GetItemCount() const { return static_cast<int>(st(this).items.size()); }
+
+BOOL CListCtrl::DeleteItem(int nItem)
+{
+    AFX_CTLSTATE& s = st(this);
+    if (!validRow(s, nItem))
+        return FALSE;
+    s.items.erase(s.items.begin() + nItem);
+    if (s.selectedItem == nItem)
+        s.selectedItem = -1;
+    else if (s.selectedItem > nItem)
+        --s.selectedItem;
+    return TRUE;
+}
+
+BOOL CListCtrl::DeleteAllItems()
+{
+    AFX_CTLSTATE& s = st(this);
+    s.items.clear();
+    s.selectedItem = -1;
+    return TRUE;
+}
+
+int CListCtrl::GetNextItem(int nItem, int nFlags) const
+{
+    const AFX_CTLSTATE& s = st(this);
+    if (nFlags & LVNI_SELECTED)
+        return s.selectedItem > nItem ? s.selectedItem : -1;
+    return nItem + 1 < static_cast<int>(s.items.size()) ? nItem + 1 : -1;
+}
+
+BOOL CListCtrl::SetItemState(int nItem, UINT nState, UINT nMask)
+{
+    AFX_CTLSTATE& s = st(this);
+    if (!validRow(s, nItem) || !(nMask & LVIS_SELECTED))
+        return validRow(s, nItem);
+    const bool select = (nState & LVIS_SELECTED) != 0;
+    if (select && s.selectedItem != nItem) {
+        const int old = s.selectedItem;
+        s.selectedItem = nItem;
+        notifySelection(this, s, old, false);
+        notifySelection(this, s, nItem, true);
+    } else if (!select && s.selectedItem == nItem) {
+        s.selectedItem = -1;
+        notifySelection(this, s, nItem, false);
+    }
+    return TRUE;
+}
+
+BOOL CListCtrl::SortItems(PFNLVCOMPARE pfnCompare, DWORD_PTR dwData)
+{
+    AFX_CTLSTATE& s = st(this);
+    if (!pfnCompare)
+        return FALSE;
+    const DWORD_PTR selected = validRow(s, s.selectedItem) ? s.items[static_cast<size_t>(s.selectedItem)].data : 0;
+    const bool hadSelection = validRow(s, s.selectedItem);
+    std::stable_sort(s.items.begin(), s.items.end(), [&](const sim::ui::Item& a, const sim::ui::Item& b) {
+        return pfnCompare(static_cast<LPARAM>(a.data), static_cast<LPARAM>(b.data), static_cast<LPARAM>(dwData)) < 0;
+    });
+    if (hadSelection)
+        for (size_t i = 0; i < s.items.size(); ++i)
+            if (s.items[i].data == selected)
+                s.selectedItem = static_cast<int>(i);
+    return TRUE;
+}
+
+DWORD CListCtrl::SetExtendedStyle(DWORD) { return 0; }
+BOOL CListCtrl::EnsureVisible(int nItem, BOOL) { return validRow(st(this), nItem); }
 
 // ---------------------------------------------------------------------------------------------
 

@@ -12,6 +12,7 @@
 #include "sim/ui/ControlState.h"
 #include "sim/ui/DialogView.h"
 #include "sim/win32/WindowTable.h"
+#include "treelist.h"
 
 namespace sim::ui {
 
@@ -244,8 +245,112 @@ bool setCheck(CDialog& dlg, AFX_CTLSTATE* c, const std::wstring& item, const std
     return true;
 }
 
+// The grid's row of that number, or null.
+HTREEITEM gridRow(CWnd* grid, int n)
+{
+    auto h = reinterpret_cast<HTREEITEM>(grid->SendMessage(TVM_GETNEXTITEM, TVGN_ROOT, 0));
+    for (; h && n > 0; --n)
+        h = reinterpret_cast<HTREEITEM>(grid->SendMessage(TVM_GETNEXTITEM, TVGN_NEXT, reinterpret_cast<LPARAM>(h)));
+    return n == 0 ? h : nullptr;
+}
+
+// The row (and for a grid the column) named by the words from `at`; false, having said why, when
+// they name none.
+bool rowAndColumn(CDialog& dlg, AFX_CTLSTATE* c, const std::vector<std::wstring>& words, size_t at, bool withColumn,
+                  int& row, int& column)
+{
+    auto r = at < words.size() ? number(words[at]) : std::nullopt;
+    auto k = withColumn && at + 1 < words.size() ? number(words[at + 1]) : std::optional<int>(0);
+    if (!r || !k) {
+        say(withColumn ? L"Chybí číslo řádku a sloupce." : L"Chybí číslo řádku.");
+        return false;
+    }
+    row = *r;
+    column = *k;
+    const int rows = c->kind == Kind::Grid ? static_cast<int>(dlg.GetDlgItem(c->id)->SendMessage(TVM_GETCOUNT))
+                                           : static_cast<int>(c->items.size());
+    if (row >= rows) {
+        say(L"Řádek " + std::to_wstring(row) + L" v prvku " + std::to_wstring(c->id) + L" není.");
+        return false;
+    }
+    return true;
+}
+
+// Clicks a cell of the grid or a row of a list view.
+bool clickCell(CDialog& dlg, AFX_CTLSTATE* c, int row, int column)
+{
+    CWnd* w = dlg.GetDlgItem(c->id);
+    if (c->kind == Kind::ListView)
+        return static_cast<CListCtrl*>(w)->SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    w->SetFocus();
+    w->SendMessage(TVM_SELECTCHILD, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(gridRow(w, row)));
+    return true;
+}
+
+// Edits a cell in place: starts the editor, types the text key by key (a drop-down takes it as the
+// chosen entry) and ends the edit taking the value. A value the field or the dialog refuses leaves
+// the editor open; the line then ends it as Escape would.
+bool editCell(CDialog& dlg, AFX_CTLSTATE* c, int row, int column, const std::wstring& text)
+{
+    CWnd* grid = dlg.GetDlgItem(c->id);
+    grid->SetFocus();
+    HTREEITEM h = gridRow(grid, row);
+    auto hEditor = reinterpret_cast<HWND>(
+        grid->SendMessage(TVM_EDITLABELW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(h)));
+    CWnd* editor = CWnd::FromHandle(hEditor);
+    if (!editor) {
+        say(L"Buňku " + std::to_wstring(row) + L" " + std::to_wstring(column) + L" nelze upravit.");
+        return false;
+    }
+    AFX_CTLSTATE* e = editor->m_pCtl;
+    if (e && e->kind == Kind::Edit) {
+        auto* edit = static_cast<CEdit*>(editor);
+        edit->SetSel(0, -1);
+        edit->SendMessage(WM_KEYDOWN, VK_DELETE);
+        for (wchar_t ch : text) {
+            const int before = e->acceptedChars;
+            edit->SendMessage(WM_CHAR, ch, 1);
+            if (e->acceptedChars == before)
+                say(L"Znak '" + std::wstring(1, ch) + L"' odmítnut.");
+        }
+    } else {
+        editor->SetWindowText(text.c_str());
+    }
+    if (!grid->SendMessage(TVM_ENDEDITLABELNOW, FALSE, 0)) {
+        say(L"Hodnota buňky nepřijata.");
+        grid->SendMessage(TVM_ENDEDITLABELNOW, TRUE, 0);
+        return false;
+    }
+    return true;
+}
+
+// A double click on a row of a list view or a grid.
+bool doubleClick(CDialog& dlg, AFX_CTLSTATE* c, int row)
+{
+    clickCell(dlg, c, row, 0);
+    if (!dlg.m_pDlg || dlg.m_pDlg->ended)
+        return true;
+    CWnd* w = dlg.GetDlgItem(c->id);
+    if (c->kind == Kind::Grid) {
+        w->SendMessage(WM_LBUTTONDBLCLK, 0, 0);
+        return true;
+    }
+    NMITEMACTIVATE nm{};
+    nm.hdr = NMHDR{c->hwnd, static_cast<UINT_PTR>(c->id), NM_DBLCLK};
+    nm.iItem = row;
+    dlg.SendMessage(WM_NOTIFY, static_cast<WPARAM>(c->id), reinterpret_cast<LPARAM>(&nm));
+    return true;
+}
+
 bool select(CDialog& dlg, AFX_CTLSTATE* c, const std::vector<std::wstring>& picks)
 {
+    if (c->kind == Kind::ListView || c->kind == Kind::Grid) {
+        int row = 0, column = 0;
+        for (size_t i = 0; i < picks.size(); ++i)
+            if (!rowAndColumn(dlg, c, picks, i, false, row, column) || !clickCell(dlg, c, row, 0))
+                return false;
+        return true;
+    }
     if (c->kind != Kind::Tree && c->kind != Kind::List) {
         say(L"Prvek " + std::to_wstring(c->id) + L" nemá položky.");
         return false;
@@ -306,7 +411,8 @@ bool act(CDialog& dlg, std::wstring_view lineView)
         dlg.SendMessage(WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
         return true;
     }
-    if (verb == L"CLICK" || verb == L"SET" || verb == L"CHECK" || verb == L"SELECT") {
+    if (verb == L"CLICK" || verb == L"SET" || verb == L"CHECK" || verb == L"SELECT" || verb == L"CELL" ||
+        verb == L"EDIT" || verb == L"DBLCLICK") {
         std::wstring idText;
         in >> idText;
         auto id = number(idText);
@@ -333,6 +439,34 @@ bool act(CDialog& dlg, std::wstring_view lineView)
         std::vector<std::wstring> words;
         for (std::wstring w; in >> w;)
             words.push_back(w);
+        if (verb == L"CELL" || verb == L"EDIT" || verb == L"DBLCLICK") {
+            const bool grid = c->kind == Kind::Grid;
+            if (!grid && c->kind != Kind::ListView) {
+                say(L"Prvek " + std::to_wstring(c->id) + L" není tabulka.");
+                return false;
+            }
+            if (verb == L"EDIT" && !grid) {
+                say(L"Prvek " + std::to_wstring(c->id) + L" nemá upravitelné buňky.");
+                return false;
+            }
+            int row = 0, column = 0;
+            if (!rowAndColumn(dlg, c, words, 0, verb != L"DBLCLICK" && grid, row, column))
+                return false;
+            if (verb == L"DBLCLICK")
+                return doubleClick(dlg, c, row);
+            if (verb == L"CELL")
+                return clickCell(dlg, c, row, column);
+            // The text is the rest of the line after the row and the column, kept as typed.
+            std::wistringstream again(line);
+            std::wstring skip;
+            for (int i = 0; i < 4; ++i)
+                again >> skip;
+            std::wstring text;
+            std::getline(again, text);
+            if (!text.empty() && text.front() == L' ')
+                text.erase(0, 1);
+            return editCell(dlg, c, row, column, text);
+        }
         if (verb == L"SELECT")
             return select(dlg, c, words);
         if (words.empty()) {

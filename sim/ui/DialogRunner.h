@@ -1,6 +1,6 @@
 // The modal dialog runner: a dialog's controls built from its resource, and script lines that act as the
 // user would (ok, cancel, a button's text, click <id>, set <id> <text>, check <id> [<item>] on|off,
-// select <id> <item>...), each sending the messages that the user's action sends on Windows.
+// select <id> <item>..., cell/edit/dblclick on a grid's or list's rows and cells), each sending the messages that the user's action sends on Windows.
 #pragma once
 #include <string>
 #include <string_view>

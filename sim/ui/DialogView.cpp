@@ -1,10 +1,12 @@
 // The transcript's view of a dialog: a line per control with its state.
 #include "sim/ui/DialogView.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "sim/core/Session.h"
 #include "sim/ui/ControlState.h"
+#include "treelist.h"
 
 namespace sim::ui {
 
@@ -27,14 +29,70 @@ std::wstring colours(CWnd* w, UINT message)
     return L" {" + rgb(dc.GetTextColor()) + L" na " + rgb(dc.GetBkColor()) + L"}";
 }
 
-} // namespace
-
-std::wstring describeControl(CDialog& dlg, int id, bool withTip)
+// A table under its headings: one line per row, its number, ">" before the selected one.
+std::wstring table(const std::vector<std::wstring>& headings, const std::vector<std::vector<std::wstring>>& rows,
+                   int selectedRow)
 {
-    AFX_CTLSTATE* c = dlg.m_pDlg ? dlg.m_pDlg->find(id) : nullptr;
-    if (!c)
-        return {};
-    CWnd* w = dlg.GetDlgItem(id);
+    std::wstring t;
+    for (size_t i = 0; i < headings.size(); ++i)
+        t += (i ? L" | " : L" ") + headings[i];
+    if (rows.empty())
+        t += L" (prázdná)";
+    for (size_t r = 0; r < rows.size(); ++r) {
+        t += L"\n    " + std::to_wstring(r) + (static_cast<int>(r) == selectedRow ? L" >" : L"  ");
+        for (size_t i = 0; i < rows[r].size(); ++i)
+            t += (i ? L" | " : L"") + rows[r][i];
+    }
+    return t;
+}
+
+// The grid read through its messages, as any client of the window class reads it. Hidden columns are
+// left out; the selected cell stands in brackets.
+std::wstring grid(CWnd* w)
+{
+    const int columns = static_cast<int>(w->SendMessage(TVM_GETCOLUMNCOUNT));
+    std::vector<int> shown;
+    std::vector<std::wstring> headings;
+    for (int c = 0; c < columns; ++c) {
+        wchar_t buf[256] = L"";
+        TVCOLUMNW col{TVCF_TEXT | TVCF_FMT, 0, 0, buf, 256};
+        if (!w->SendMessage(TVM_GETCOLUMN, static_cast<WPARAM>(c), reinterpret_cast<LPARAM>(&col)) ||
+            (col.fmt & TVCFMT_HIDDEN))
+            continue;
+        shown.push_back(c);
+        headings.emplace_back(buf);
+    }
+    auto selected = reinterpret_cast<HTREEITEM>(w->SendMessage(TVM_GETNEXTITEM, TVGN_CARET, 0));
+    const int selectedColumn = static_cast<int>(w->SendMessage(TVM_GETNEXTITEM, TVGN_CARETCOLUMN, 0));
+    std::vector<std::vector<std::wstring>> rows;
+    int selectedRow = -1;
+    for (auto h = reinterpret_cast<HTREEITEM>(w->SendMessage(TVM_GETNEXTITEM, TVGN_ROOT, 0)); h;
+         h = reinterpret_cast<HTREEITEM>(w->SendMessage(TVM_GETNEXTITEM, TVGN_NEXT, reinterpret_cast<LPARAM>(h)))) {
+        if (h == selected)
+            selectedRow = static_cast<int>(rows.size());
+        std::vector<std::wstring> row;
+        for (int c : shown) {
+            wchar_t buf[256] = L"";
+            TVITEMW item{};
+            item.mask = TVIF_TEXT | TVIF_SUBITEM;
+            item.hItem = h;
+            item.pszText = buf;
+            item.cchTextMax = 256;
+            item.cChildren = c;
+            w->SendMessage(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+            std::wstring text = item.pszText ? item.pszText : L"";
+            row.push_back(h == selected && c == selectedColumn ? L"[" + text + L"]" : text);
+        }
+        rows.push_back(std::move(row));
+    }
+    return table(headings, rows, selectedRow);
+}
+
+// One control's line; labels and group boxes often share the id -1, so the state is given, not the id.
+std::wstring describe(CDialog& dlg, AFX_CTLSTATE* c, bool withTip)
+{
+    const int id = c->id;
+    CWnd* w = c->bound ? c->bound : dlg.GetDlgItem(id);
     std::wstring line = L"  " + std::to_wstring(id) + L" ";
     const wchar_t* box3[] = {L"[ ] ", L"[x] ", L"[-] "};
     switch (c->kind) {
@@ -50,6 +108,18 @@ std::wstring describeControl(CDialog& dlg, int id, bool withTip)
     case Kind::PushButton: line += L"<" + c->text + L">"; break;
     case Kind::GroupBox: line += L"-- " + c->text + L" --"; break;
     case Kind::Link: line += L"odkaz: " + c->text; break;
+    case Kind::Grid: line += L"tabulka:" + grid(w); break;
+    case Kind::ListView: {
+        std::vector<std::vector<std::wstring>> rows;
+        for (const Item& it : c->items) {
+            std::vector<std::wstring> row{it.text};
+            row.insert(row.end(), it.cells.begin(), it.cells.end());
+            row.resize(std::max(row.size(), c->columns.size()));
+            rows.push_back(std::move(row));
+        }
+        line += L"seznam:" + table(c->columns, rows, c->selectedItem);
+        break;
+    }
     case Kind::Tree:
     case Kind::List: {
         line += c->kind == Kind::Tree ? L"strom:" : L"seznam:";
@@ -77,13 +147,21 @@ std::wstring describeControl(CDialog& dlg, int id, bool withTip)
     return line;
 }
 
+} // namespace
+
+std::wstring describeControl(CDialog& dlg, int id, bool withTip)
+{
+    AFX_CTLSTATE* c = dlg.m_pDlg ? dlg.m_pDlg->find(id) : nullptr;
+    return c ? describe(dlg, c, withTip) : std::wstring();
+}
+
 std::vector<std::wstring> describeControls(CDialog& dlg, bool withTips)
 {
     std::vector<std::wstring> lines;
     if (!dlg.m_pDlg)
         return lines;
-    for (const auto& c : dlg.m_pDlg->controls)
-        lines.push_back(describeControl(dlg, c->id, withTips));
+    for (size_t i = 0; i < dlg.m_pDlg->controls.size(); ++i)
+        lines.push_back(describe(dlg, dlg.m_pDlg->controls[i].get(), withTips));
     return lines;
 }
 

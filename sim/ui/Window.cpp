@@ -53,8 +53,12 @@ Kind kindOf(const std::wstring& className, DWORD style)
         return Kind::Label;
     if (c == L"SYSTREEVIEW32")
         return Kind::Tree;
-    if (c == L"LISTBOX" || c == L"COMBOBOX" || c == L"SYSLISTVIEW32")
+    if (c == L"LISTBOX" || c == L"COMBOBOX")
         return Kind::List;
+    if (c == L"SYSLISTVIEW32")
+        return Kind::ListView;
+    if (c == L"TREELIST")
+        return Kind::Grid;
     if (c == L"SYSLINK")
         return Kind::Link;
     return Kind::Other;
@@ -259,7 +263,42 @@ BOOL CWnd::GetClientRect(LPRECT lpRect) const
     return TRUE;
 }
 
+void CWnd::ScreenToClient(LPRECT) const {}
+
 HICON CWnd::SetIcon(HICON hIcon, BOOL) { return hIcon; }
+
+BOOL CWnd::Create(LPCWSTR lpszClassName, LPCWSTR lpszWindowName, DWORD dwStyle, const RECT&, CWnd* pParentWnd, UINT nID)
+{
+    if (m_hWnd)
+        return FALSE;
+    auto* dlg = dynamic_cast<CDialog*>(pParentWnd);
+    AFX_CTLSTATE* s;
+    if (dlg && dlg->m_pDlg) {
+        dlg->m_pDlg->controls.push_back(std::make_unique<AFX_CTLSTATE>());
+        s = dlg->m_pDlg->controls.back().get();
+        // The run forgets the binding when the dialog ends, as for members bound by DDX_Control.
+        dlg->m_pDlg->boundMembers.push_back(this);
+        if (m_pCtl && m_pCtl != s)
+            own().states.erase(this);
+    } else {
+        s = &st(this);
+    }
+    s->id = static_cast<int>(nID);
+    s->className = lpszClassName ? lpszClassName : L"";
+    s->style = dwStyle;
+    s->kind = sim::ui::kindOf(s->className, dwStyle);
+    s->text = lpszWindowName ? lpszWindowName : L"";
+    s->enabled = !(dwStyle & WS_DISABLED);
+    s->visible = (dwStyle & WS_VISIBLE) != 0;
+    s->readOnly = s->kind == Kind::Edit && (dwStyle & ES_READONLY);
+    s->parent = pParentWnd;
+    s->bound = this;
+    s->hwnd = sim::ui::newControlHandle();
+    m_pCtl = s;
+    m_hWnd = s->hwnd;
+    sim::ui::mapHandle(m_hWnd, this);
+    return TRUE;
+}
 void CWnd::EnableDynamicLayout(BOOL) {}
 
 LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) { return WindowProc(message, wParam, lParam); }
@@ -373,6 +412,13 @@ CWnd* CWnd::GetDlgItem(int nID) const
     case Kind::GroupBox: w = std::make_unique<CButton>(); break;
     case Kind::Edit: w = std::make_unique<CEdit>(); break;
     case Kind::Tree: w = std::make_unique<CTreeCtrl>(); break;
+    case Kind::ListView: w = std::make_unique<CListCtrl>(); break;
+    case Kind::List:
+        if (s->className == L"ComboBox" || s->className == L"COMBOBOX")
+            w = std::make_unique<CComboBox>();
+        else
+            w = std::make_unique<CWnd>();
+        break;
     case Kind::Label: w = std::make_unique<CStatic>(); break;
     default: w = std::make_unique<CWnd>(); break;
     }
