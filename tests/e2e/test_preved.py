@@ -217,6 +217,17 @@ class Preved(unittest.TestCase):
         with open(again, "rb") as a, open(same, "rb") as b:
             self.assertEqual(a.read(), b.read())
 
+    def test_settings_dialog_converts_what_its_boxes_say(self):
+        src, out = os.path.join(self.tmp, "stary.dxf"), os.path.join(self.tmp, "out.dxf")
+        old_drawing(src)
+        # The dialog first says that the user's catalogue is missing; line types are left out.
+        stdout = run(self.tmp, src, "tuset\nok\ncheck 121 off\nclick 131\nok\ncancel\n", out)
+        self.assertIn("Vše bylo převedeno", stdout)
+        doc = ezdxf.readfile(out)
+        self.assertIn("TU_kóty", doc.layers)
+        self.assertFalse([s.dxf.name for s in doc.styles if s.dxf.name.startswith("TEXT-")])
+        self.assertTrue({"VODA-TUV", "ZTI_VODA_TUV", "TECKOVANA"} <= {l.dxf.name for l in doc.linetypes})
+
     def test_old_drawing_inserted_as_a_block_is_converted_inside_it(self):
         # The demo's old drawing comes in with its layers and styles, dimension styles included.
         out = os.path.join(self.tmp, "out.dxf")
