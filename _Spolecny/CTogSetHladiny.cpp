@@ -16,16 +16,6 @@ constexpr const ACHAR* kSkupinaHladiny = L"Hladiny";
 
 AcDbDatabase* PracovniDatabaze() { return acdbHostApplicationServices()->workingDatabase(); }
 
-// The name without its prefix: everything up to and including a "_" at the positions 0 to 3. A "_"
-// further on belongs to the name itself.
-AcString BezPredpony(const AcString& nazev)
-{
-    for (int i = 0; i < 4 && i < static_cast<int>(nazev.length()); ++i)
-        if (nazev.getAt(i) == L'_')
-            return nazev.mid(i + 1);
-    return nazev;
-}
-
 // A locked layer is unlocked once the user agrees (or agreed "Ano všem" earlier in this run).
 void OdemkniHladinu(AcDbObjectId id)
 {
@@ -78,6 +68,14 @@ bool NabidniPrevod(const StdHladina& hladina, const ACHAR* celyNazev, AcDbObject
 }
 
 } // namespace
+
+AcString BezPredpony(const AcString& nazev)
+{
+    for (int i = 0; i < 4 && i < static_cast<int>(nazev.length()); ++i)
+        if (nazev.getAt(i) == L'_')
+            return nazev.mid(i + 1);
+    return nazev;
+}
 
 AcDbObjectId ZiskejHladinu(AcString& nazev, bool sPredponou)
 {

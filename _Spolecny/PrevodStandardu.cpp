@@ -47,15 +47,6 @@ Pocty PrevedStyly(const MapaNazvu& mapa, CTogCmd::ParyId& sloucit, AcDbObjectId 
     return pocty;
 }
 
-// The name without its prefix: everything up to and including a "_" at the positions 0 to 3.
-AcString BezPredpony(const AcString& nazev)
-{
-    for (int i = 0; i < 4 && i < static_cast<int>(nazev.length()); ++i)
-        if (nazev.getAt(i) == L'_')
-            return nazev.mid(i + 1);
-    return nazev;
-}
-
 // The second id of the pair whose first id is `stare`, if it isn't null.
 AcDbObjectId Nahrada(const CTogCmd::ParyId& pary, AcDbObjectId stare)
 {

@@ -2,8 +2,8 @@
 // the conversion file of old line type names.
 #include "StdAfx.h"
 #include "PrevodStandardu.h"
+#include <afx.h>
 #include <cwctype>
-#include <memory>
 #include <string>
 #include "CTogException.h"
 #include "CTogFunkce.h"
@@ -13,21 +13,22 @@ namespace {
 
 constexpr const ACHAR* kSouborPrevodu = L"TG_prevodLT.tgu";
 
-struct ZavriSoubor {
-    void operator()(FILE* f) const { std::fclose(f); }
-};
-
 // The whole file as bytes; false when it doesn't open or can't be read.
 bool NactiSoubor(const ACHAR* cesta, std::string& obsah)
 {
-    std::unique_ptr<FILE, ZavriSoubor> soubor(_wfopen(cesta, L"rb"));
-    if (!soubor)
+    CFile soubor;
+    if (!soubor.Open(cesta, CFile::modeRead | CFile::shareDenyWrite | CFile::typeBinary))
         return false;
     obsah.clear();
-    char blok[16384];
-    for (size_t n; (n = std::fread(blok, 1, sizeof blok, soubor.get())) > 0;)
-        obsah.append(blok, n);
-    return !std::ferror(soubor.get());
+    try {
+        char blok[16384];
+        for (UINT n; (n = soubor.Read(blok, sizeof blok)) > 0;)
+            obsah.append(blok, n);
+    } catch (CFileException* chyba) {
+        chyba->Delete();
+        return false;
+    }
+    return true;
 }
 
 // Calls `radek` for each line of the text; a "\r" before the line end goes, as in text mode.

@@ -78,11 +78,6 @@ int vswprintf_s(wchar_t* buffer, size_t sizeOfBuffer, const wchar_t* format, va_
 int _snwprintf_s(wchar_t* buffer, size_t sizeOfBuffer, size_t count, const wchar_t* format, ...);
 int _vsnwprintf_s(wchar_t* buffer, size_t sizeOfBuffer, size_t count, const wchar_t* format, va_list argptr);
 
-// Files. The path takes "\\" or "/" as separators; the mode is fopen's ("r", "rb", "w", ...). Null
-// when the file cannot be opened.
-#include <cstdio>
-FILE* _wfopen(const wchar_t* filename, const wchar_t* mode);
-
 // Numbers. _wtoi clamps to the int range; text that holds no number gives 0.
 int _wtoi(const wchar_t* str);
 double _wtof(const wchar_t* str);

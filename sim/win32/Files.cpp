@@ -1,4 +1,4 @@
-// GetFileAttributesW, CreateDirectoryW and _wfopen on the real file system; the system's "\" paths work as "/".
+// GetFileAttributesW and CreateDirectoryW on the real file system; the system's "\" paths work as "/".
 #include <filesystem>
 #include <system_error>
 
@@ -69,11 +69,4 @@ BOOL WINAPI CreateDirectoryW(LPCWSTR lpPathName, LPSECURITY_ATTRIBUTES)
         return FALSE;
     }
     return TRUE;
-}
-
-FILE* _wfopen(const wchar_t* filename, const wchar_t* mode)
-{
-    if (!filename || !*filename || !mode || !*mode)
-        return nullptr;
-    return std::fopen(toFsPath(filename).c_str(), sim::toUtf8(mode).c_str());
 }
