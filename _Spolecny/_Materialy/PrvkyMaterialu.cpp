@@ -6,9 +6,7 @@
 #include "CTogMaterial.h"
 #include "CTogRegistry.h"
 #include "TabulkyMaterialu.h"
-#if __has_include("htmlhelp.h")
 #include "htmlhelp.h"
-#endif
 
 namespace {
 
@@ -112,10 +110,5 @@ void OtevriNapovedu(HWND vlastnik, int kontext)
     const AcString soubor = CTogRegistry::CestaKAdresari(CTogRegistry::kKlicVyrobce, L"Materialy", TypCesty::CommonInstall,
                                                          true, false) +
                             L"Materiály - help.chm";
-#if __has_include("htmlhelp.h")
     HtmlHelpW(vlastnik, soubor.kwszPtr(), HH_HELP_CONTEXT, static_cast<DWORD_PTR>(kontext));
-#else
-    (void)vlastnik;
-    acutPrintf(L"\n[nápověda] %ls, kontext %i", soubor.kwszPtr(), kontext);
-#endif
 }
