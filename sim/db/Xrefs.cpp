@@ -86,12 +86,12 @@ void resolveXrefs(AcDbDatabase* host)
             return;
         std::unique_ptr<AcDbBlockTableIterator> iterator(it);
         for (; !iterator->done(); iterator->step()) {
-            AcDbBlockTableRecord* block = nullptr;
-            if (iterator->getRecord(block, AcDb::kForRead) != Acad::eOk)
+            AcDbObjectId id;
+            if (iterator->getRecordId(id) != Acad::eOk)
                 continue;
-            if (block->isFromExternalReference())
-                xrefs.push_back(block->objectId());
-            block->close();
+            AcDbBlockTableRecordPointer block(id, AcDb::kForRead);
+            if (block.openStatus() == Acad::eOk && block->isFromExternalReference())
+                xrefs.push_back(id);
         }
     }
     for (AcDbObjectId id : xrefs)
