@@ -28,15 +28,6 @@ AcDbObjectId AktivniLayout(AcDbDatabase* db)
     return spravce ? spravce->getActiveLayoutBTRId(db) : AcDbObjectId::kNull;
 }
 
-// The new id of the pair whose old id is `stare`; null when no pair has it or its new id is null.
-AcDbObjectId NoveId(const ParyId& pary, AcDbObjectId stare)
-{
-    for (const auto& [puvodni, nove] : pary)
-        if (puvodni == stare && !nove.isNull())
-            return nove;
-    return AcDbObjectId::kNull;
-}
-
 // Aborts the walker's transaction and those started inside it and left open.
 void ZrusTransakci(AcDbDatabase* db, AcTransaction* transakce)
 {
@@ -51,6 +42,14 @@ void ZrusTransakci(AcDbDatabase* db, AcTransaction* transakce)
 }
 
 } // namespace
+
+AcDbObjectId NoveId(const ParyId& pary, AcDbObjectId stare)
+{
+    for (const auto& [puvodni, nove] : pary)
+        if (puvodni == stare && !nove.isNull())
+            return nove;
+    return AcDbObjectId::kNull;
+}
 
 ProjdiDwgFce::ProjdiDwgFce(AcDbDatabase* db) : m_pDb(db) {}
 

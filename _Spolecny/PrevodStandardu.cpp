@@ -47,15 +47,6 @@ Pocty PrevedStyly(const MapaNazvu& mapa, CTogCmd::ParyId& sloucit, AcDbObjectId 
     return pocty;
 }
 
-// The second id of the pair whose first id is `stare`, if it isn't null.
-AcDbObjectId Nahrada(const CTogCmd::ParyId& pary, AcDbObjectId stare)
-{
-    for (const auto& [prvni, druhe] : pary)
-        if (prvni == stare && !druhe.isNull())
-            return druhe;
-    return AcDbObjectId::kNull;
-}
-
 // Dimension styles that use an old text style get its survivor.
 void PrevedTextoveStylyKot(AcDbDatabase* db, const CTogCmd::ParyId& textoveStyly)
 {
@@ -72,7 +63,7 @@ void PrevedTextoveStylyKot(AcDbDatabase* db, const CTogCmd::ParyId& textoveStyly
         AcDbDimStyleTableRecordPointer styl(id, AcDb::kForWrite);
         if (styl.openStatus() != Acad::eOk || styl->isDependent())
             continue;
-        if (AcDbObjectId nove = Nahrada(textoveStyly, styl->dimtxsty()); !nove.isNull() &&
+        if (AcDbObjectId nove = CTogCmd::NoveId(textoveStyly, styl->dimtxsty()); !nove.isNull() &&
                                                                           styl->setDimtxsty(nove) == Acad::eOk)
             ++prevedeno;
     }
@@ -91,7 +82,7 @@ void PrevedTextoveStylyOdkazu(AcDbDatabase* db, const CTogCmd::ParyId& textoveSt
         AcDbObjectPointer<AcDbMLeaderStyle> styl(iterator->objectId(), AcDb::kForWrite);
         if (styl.openStatus() != Acad::eOk)
             continue;
-        if (AcDbObjectId nove = Nahrada(textoveStyly, styl->textStyleId()); !nove.isNull() &&
+        if (AcDbObjectId nove = CTogCmd::NoveId(textoveStyly, styl->textStyleId()); !nove.isNull() &&
                                                                            styl->setTextStyleId(nove) == Acad::eOk)
             ++prevedeno;
     }
@@ -114,7 +105,7 @@ void PrevedTypyCarHladin(AcDbDatabase* db, const CTogCmd::ParyId& typyCar)
         AcDbLayerTableRecordPointer hladina(id, AcDb::kForWrite);
         if (hladina.openStatus() != Acad::eOk || hladina->isDependent())
             continue;
-        AcDbObjectId nove = Nahrada(typyCar, hladina->linetypeObjectId());
+        AcDbObjectId nove = CTogCmd::NoveId(typyCar, hladina->linetypeObjectId());
         if (nove.isNull())
             continue;
         if (hladina->setLinetypeObjectId(nove) != Acad::eOk) {
