@@ -100,7 +100,7 @@ void PrepisSouborReference(const ACHAR* soubor, double meritkoX)
     AcDbDatabase* vykres = acdbHostApplicationServices()->workingDatabase();
     vykres->setMsltscale(true);
     const double modifikator = ModifikatorMeritka(meritkoX, reference->ltscale(), reference->msltscale(),
-                                     MeritkoAnotace(reference.get()), MeritkoAnotace(vykres));
+                                                  MeritkoAnotace(reference.get()), MeritkoAnotace(vykres));
 
     int hladin = 0, entit = 0;
     {
