@@ -77,7 +77,8 @@ public:
     /// Stores the material's five values in the registry as the user's default.
     void UlozVychoziMaterial(const CTogMaterial& material);
     /// A ZTI material of the name with the stored (or built-in) parameters and the profiles DN 10 to
-    /// DN 100, inserted in the catalogue, which is saved; it becomes current.
+    /// DN 100, inserted in the catalogue, which is saved unless its file could not be read (a file
+    /// that is damaged or of a newer version stays as it is); it becomes current.
     CTogMaterial* VytvorVychoziMaterial(const ACHAR* nazev);
     /// The material editor on the catalogue (its working copy); the current material stays aimed at
     /// the catalogue's objects.
@@ -93,6 +94,7 @@ private:
     std::map<std::uint32_t, std::uint32_t> m_odpovedi;
     CTogOdkaz<CTogMaterial> m_material;
     std::unique_ptr<CTogSezMaterialu> m_katalog;
+    bool m_katalogNacten = false; ///< the first load went through: the user's file may be written over
     AcString m_otiskMaterialu; ///< the drawing the current material belongs to
     AcString m_nazevMaterialu;
     CTogPredpony m_predpony;

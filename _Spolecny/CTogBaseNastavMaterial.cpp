@@ -77,7 +77,7 @@ CTogSezMaterialu& CTogBaseNastav::Katalog()
 {
     if (!m_katalog) {
         m_katalog = std::make_unique<CTogSezMaterialu>();
-        m_katalog->Nacti(false);
+        m_katalogNacten = m_katalog->Nacti(false);
     }
     return *m_katalog;
 }
@@ -182,7 +182,8 @@ CTogMaterial* CTogBaseNastav::VytvorVychoziMaterial(const ACHAR* nazev)
     } else if (!(material = katalog.NajdiMaterial(nazev))) {
         throw CTogException("Nelze přidat profil", __LINE__, __FILE__);
     }
-    katalog.Uloz();
+    if (m_katalogNacten)
+        katalog.Uloz();
     m_material = material;
     m_nazevMaterialu = nazev;
     return m_material;

@@ -209,6 +209,13 @@ void CTgDlgNastaveni::OnOK()
         CTgAcDialog::OnOK();
 }
 
+void CTgDlgNastaveni::OnCancel()
+{
+    for (const HodnotaDialogu& h : kHodnoty)
+        this->*h.clen = IsDlgButtonChecked(h.idPrvku) == BST_CHECKED ? 1 : 0;
+    CTgAcDialog::OnCancel();
+}
+
 BOOL CTgDlgNastaveni::OnCommand(WPARAM wParam, LPARAM lParam)
 {
     const int id = LOWORD(wParam);

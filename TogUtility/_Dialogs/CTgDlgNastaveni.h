@@ -57,6 +57,8 @@ protected:
     BOOL OnInitDialog() override;
     void DoDataExchange(CDataExchange* pDX) override;
     void OnOK() override;
+    /// The dialog's own values are taken as shown; the prefix and the switches stay.
+    void OnCancel() override;
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
 
     /// The controls into the working values.

@@ -9,8 +9,6 @@
 
 namespace {
 
-bool g_tridaRegistrovana = false;
-
 // The text of a cell copied into a caller's buffer.
 void Zkopiruj(const CString& text, LPWSTR cil, int delka)
 {
@@ -29,15 +27,13 @@ CTreeListCtrl::~CTreeListCtrl() = default;
 
 BOOL CTreeListCtrl::Create(DWORD dwStyle, CWnd* pDialog)
 {
-    if (!g_tridaRegistrovana) {
-        WNDCLASSW trida{};
-        trida.style = CS_DBLCLKS; // the arrow cursor is the class's default
-        trida.hInstance = GetModuleHandleW(nullptr);
-        trida.lpszClassName = L"TreeList";
-        if (!RegisterClassW(&trida) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS)
-            throw CTogException("Nepodařilo se zaregistovat třídu TreeList", __LINE__, __FILE__);
-        g_tridaRegistrovana = true;
-    }
+    // The class stays registered until the application unloads; a later creation finds it there.
+    WNDCLASSW trida{};
+    trida.style = CS_DBLCLKS; // the arrow cursor is the class's default
+    trida.hInstance = GetModuleHandleW(nullptr);
+    trida.lpszClassName = L"TreeList";
+    if (!RegisterClassW(&trida) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS)
+        throw CTogException("Nepodařilo se zaregistovat třídu TreeList", __LINE__, __FILE__);
     RECT misto{};
     if (CWnd* zastupce = pDialog ? pDialog->GetDlgItem(kIdMista) : nullptr) {
         zastupce->GetWindowRect(&misto);

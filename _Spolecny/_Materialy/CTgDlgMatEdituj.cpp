@@ -6,14 +6,12 @@
 #include <afx.h>
 #include <commdlg.h>
 
-#include <cmath>
 #include <cwchar>
 #include <vector>
 
 #include "CTgDlgGetDN.h"
 #include "CTgDlgMatPopis.h"
 #include "CTogException.h"
-#include "CTogFunkce.h"
 #include "CTogRegistry.h"
 #include "OkrajPrikazu.h"
 #include "PrvkyMaterialu.h"
@@ -264,9 +262,9 @@ void CTgDlgMatEdituj::OnSmazat()
         return;
     const int radek = m_seznamMaterialu.GetNextItem(-1, LVNI_SELECTED);
     UlozUrs();
-    m_profil = nullptr;
     if (!m_pracovni.VymazMaterial(m_material->Nazev))
         return; // a material in use stays, without a word
+    m_profil = nullptr;
     m_seznamMaterialu.DeleteItem(radek);
     m_material = nullptr;
     const int pocet = m_seznamMaterialu.GetItemCount();
@@ -510,7 +508,7 @@ void CTgDlgMatEdituj::OnNactiSoubor()
         return;
     CFile f;
     if (!f.Open(soubor, CFile::modeRead | CFile::typeBinary)) {
-        CString text = L"Nelze otevřít soubor";
+        CString text = L"Nelze otevřít soubor\n";
         text += soubor;
         MessageBoxW(m_hWnd, text, L"Neočekávaná výjimka", MB_ICONERROR);
         return;

@@ -2,13 +2,14 @@
 #include "StdAfx.h"
 #include "CTgDlgMatVyber.h"
 
+#include <clocale>
 #include <cwchar>
 #include <vector>
 
 #include "CTgDlgMatEdituj.h"
 #include "CTogException.h"
 #include "CTogFunkce.h"
-#include "CTogRegistry.h"
+#include "wincrt.h"
 #include "OkrajPrikazu.h"
 #include "PrvkyMaterialu.h"
 #include "TabulkyMaterialu.h"
@@ -63,12 +64,9 @@ template <size_t N> int RadioMasky(const RadioFiltru (&radia)[N], int maska)
 
 int CALLBACK PorovnejNazvyMaterialu(LPARAM a, LPARAM b, LPARAM)
 {
-    const auto* ma = reinterpret_cast<const CTogMaterial*>(a);
-    const auto* mb = reinterpret_cast<const CTogMaterial*>(b);
-    const AcString ka = CTogFunkce::KlicNazvu(ma->Nazev), kb = CTogFunkce::KlicNazvu(mb->Nazev);
-    if (const int r = std::wcscmp(ka.kwszPtr(), kb.kwszPtr()))
-        return r;
-    return std::wcscmp(ma->Nazev, mb->Nazev);
+    static const _locale_t cesky = _create_locale(LC_ALL, "cs-CZ");
+    return _wcsicoll_l(reinterpret_cast<const CTogMaterial*>(a)->Nazev, reinterpret_cast<const CTogMaterial*>(b)->Nazev,
+                       cesky);
 }
 
 CTgDlgMatVyber::CTgDlgMatVyber(CTogSezMaterialu* seznam, std::uint64_t filtr, CTogMaterial* vybrany, bool profil,

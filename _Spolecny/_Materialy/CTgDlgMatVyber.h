@@ -86,7 +86,6 @@ protected:
     void PrevezmiFiltr();
     void OnEditace();
     HTREEITEM RadekProfilu(const CTogProfil* profil) const;
-    CTreeListCtrl& Strom() { return m_strom; }
 
     CTogSezMaterialu* m_seznam;
     std::uint64_t m_filtr;
@@ -95,5 +94,5 @@ protected:
     CTreeListCtrl m_strom;
 };
 
-/// Compares the materials of two rows by name, without regard to case and diacritics.
+/// Compares the materials of two rows by name: Czech order, without regard to case.
 int CALLBACK PorovnejNazvyMaterialu(LPARAM a, LPARAM b, LPARAM);

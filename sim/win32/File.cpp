@@ -11,7 +11,10 @@
 #include <filesystem>
 #include <limits>
 #include <new>
+#include <string>
 #include <system_error>
+
+#include <unistd.h>
 
 #include "sim/core/Session.h"
 
@@ -152,7 +155,7 @@ BOOL CFile::Open(LPCWSTR lpszFileName, UINT nOpenFlags, CFileException* pError)
     std::filesystem::path target = path;
     if (nOpenFlags & modeCreate) {
         std::filesystem::path temp = path;
-        temp += ".tmp~";
+        temp += ".tmp~" + std::to_string(::getpid()); // two writers of one file don't share it
         if ((nOpenFlags & modeNoTruncate) && std::filesystem::exists(path, ec))
             std::filesystem::copy_file(path, temp, std::filesystem::copy_options::overwrite_existing, ec);
         else

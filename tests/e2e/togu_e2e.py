@@ -14,12 +14,13 @@ def configure(argv):
     TOGU, SOURCE = os.path.abspath(argv[1]), os.path.abspath(argv[2])
 
 
-def run_togu(tmp, script, *args):
+def run_togu(tmp, script, *args, first_run="no\n"):
     """Runs togu in tmp on the script, after the line that answers the first-run question of the
-    fresh registry tmp/registry; gives (exit status, stdout, stderr)."""
+    fresh registry tmp/registry (first_run: "" when the registry is no longer fresh, or the script
+    answers it itself); gives (exit status, stdout, stderr)."""
     path = os.path.join(tmp, "test.scr")
     with open(path, "w", encoding="utf-8") as f:
-        f.write("no\n" + script)
+        f.write(first_run + script)
     proc = subprocess.run([TOGU, *args, "-s", path, "--registry", os.path.join(tmp, "registry"),
                            "--install", os.path.join(SOURCE, "data")], capture_output=True, timeout=120, cwd=tmp)
     return proc.returncode, proc.stdout.decode("utf-8"), proc.stderr.decode("utf-8")

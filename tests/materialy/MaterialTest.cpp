@@ -40,17 +40,6 @@ std::string Zprava(const std::function<void()>& f)
 
 } // namespace
 
-TEST_F(SMaterialem, NewMaterialDefaultsAndZeroMasks)
-{
-    CTogMaterial novy(&seznam, L"X", 0, 0);
-    EXPECT_EQ(novy.Skupina, 3);
-    EXPECT_EQ(novy.Pouziti, 31);
-    EXPECT_EQ(novy.Poradi, -2);
-    EXPECT_EQ(novy.TypPopisu, 1);
-    EXPECT_EQ(novy.PnIndex, -1);
-    EXPECT_FLOAT_EQ(novy.Drsnost, 0.00001f);
-}
-
 TEST_F(SMaterialem, ProfilesAndSeries)
 {
     CTogProfil* p = nullptr;
@@ -218,6 +207,8 @@ TEST_F(SMaterialem, HoldersKeepAMaterialAndFollowItsCopy)
 
 TEST(Filtr, GroupAndMediaMustBothMatch)
 {
+    CTogMaterial bezMasek(nullptr, L"X", 0, 0); // zero masks take the defaults
+    EXPECT_TRUE(ProjdeFiltrem(bezMasek, FiltrMaterialu(kSkupinaSite, kPouzitiTeplovody)));
     CTogMaterial m(nullptr, L"KG", kSkupinaSite, kPouzitiKanalizace);
     EXPECT_TRUE(ProjdeFiltrem(m, kFiltrVse));
     EXPECT_FALSE(ProjdeFiltrem(m, FiltrMaterialu(kSkupinaZTI, kPouzitiVse)));

@@ -10,6 +10,7 @@
 #include <htmlhelp.h>
 
 #include "Bajty.h"
+#include "SourceDir.h"
 #include "CTogBaseNastav.h"
 #include "CTogRegistry.h"
 #include "CTogSezMaterialu.h"
@@ -190,4 +191,25 @@ TEST_F(Katalog, HelpViewerShowsTheFileAndTheContext)
     HtmlHelpW(nullptr, L"c:\\Program Files\\Togvarnik\\Common\\Materialy\\Materiály - help.chm", HH_HELP_CONTEXT, 5);
     EXPECT_THAT(Text(), HasSubstr("[Nápověda] c:\\Program Files\\Togvarnik\\Common\\Materialy\\Materiály - help.chm, "
                                   "kontext 5"));
+}
+
+TEST_F(Katalog, TheShippedStandardCatalogueReadsWithoutAWord)
+{
+    Spust();
+    CTogRegistry::UlozRetezec(CTogRegistry::kKlicVyrobce, L"CommonInstallPath",
+                              sim::fromUtf8(toguSourceDir() + "/data").c_str());
+    CTogSezMaterialu seznam;
+    ASSERT_TRUE(seznam.Nacti(true));
+    EXPECT_EQ(Text(), "");
+    CTogMaterial* ppr = seznam.NajdiMaterial(L"PPR3, PN 16");
+    ASSERT_NE(ppr, nullptr);
+    EXPECT_TRUE(ProjdeFiltrem(*ppr, FiltrMaterialu(kSkupinaZTI, kPouzitiVoda)));
+    EXPECT_STREQ(ppr->Profil(4)->Popisek, L"25x3.5");
+    EXPECT_EQ(seznam.NajdiMaterial(L"PE 100, SDR 11")->NajdiProfil(63.0)->DnIndex, 8);
+    EXPECT_EQ(seznam.NajdiMaterial(L"Beton vejčitý")->Tvar, kTvarVejce);
+    for (const auto& [nazev, m] : seznam.Materialy) {
+        EXPECT_FALSE(m->Profily.empty()) << sim::toUtf8(nazev);
+        EXPECT_NE(m->PnIndex, -1) << sim::toUtf8(nazev);
+        EXPECT_NE(m->SdrIndex, -1) << sim::toUtf8(nazev);
+    }
 }
