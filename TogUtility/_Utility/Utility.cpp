@@ -4,6 +4,8 @@
 #include "StdAfx.h"
 #include "Utility.h"
 #include "OkrajPrikazu.h"
+#include "PrevodStandardu.h"
+#include "SedaReference.h"
 #include "_Hlavni/ZatimNeni.h"
 
 namespace {
@@ -13,7 +15,7 @@ void NactiBody(int forma) { PrikazZatimNeni(forma == 0 ? L"nactiGPS" : L"nactiJT
 
 } // namespace
 
-void PrikazSs() { ProvedPrikaz([] { PrikazZatimNeni(L"ss"); }); }
+void PrikazSs() { ProvedPrikaz(SedaReference); }
 
 void PrikazVvs() { ProvedPrikaz([] { PrikazZatimNeni(L"vvs"); }); }
 
@@ -31,4 +33,7 @@ void ZobrazCTB() {}
 
 void PrikazCistiVysky() { ProvedPrikaz([] { PrikazZatimNeni(L"CISTIVYSKY"); }); }
 
-void PrikazPreved() { ProvedPrikaz([] { PrikazZatimNeni(L"preved"); }); }
+void PrikazPreved()
+{
+    ProvedPrikaz([] { PrevedStandardy(kPrevestStyly | kPrevestHladiny | kPrevestTypyCar); });
+}
