@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The shop window: data/demo.scr run as scripts/demo runs it (a fresh registry, whose first-run
-question the script's first line answers, the installation found by togu itself); the drawing it saves
-reads in ezdxf and opens again in togu to the same bytes.
+question the script's first line answers, the installation found by togu itself, started in the
+source folder); the drawing it saves reads in ezdxf and opens again in togu to the same bytes.
 
 Usage: test_demo.py <path of togu> <source dir>
 """
@@ -23,7 +23,7 @@ class Demo(unittest.TestCase):
         cls.out = os.path.join(cls.tmp.name, "demo.dxf")
         proc = subprocess.run([togu_e2e.TOGU, "-s", os.path.join(togu_e2e.SOURCE, "data", "demo.scr"),
                                "--registry", os.path.join(cls.tmp.name, "demo-registry"), "-o", cls.out],
-                              capture_output=True, timeout=300, cwd=cls.tmp.name)
+                              capture_output=True, timeout=300, cwd=togu_e2e.SOURCE)
         cls.status = proc.returncode
         cls.text = proc.stdout.decode("utf-8")
         cls.err = proc.stderr.decode("utf-8")
