@@ -75,6 +75,7 @@
 #define WC_STATICW L"Static"
 #define WC_LISTBOXW L"ListBox"
 #define WC_COMBOBOXW L"ComboBox"
+#define CBS_DROPDOWNLIST 0x0003L
 #define WC_TREEVIEWW L"SysTreeView32"
 #define WC_LINK L"SysLink"
 

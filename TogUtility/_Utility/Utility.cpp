@@ -7,31 +7,27 @@
 #include "PrevodStandardu.h"
 #include "SedaReference.h"
 #include "_Hlavni/ZatimNeni.h"
-
-namespace {
-
-// The point import; forma 0 reads WGS-84 coordinates, 1 S-JTSK coordinates.
-void NactiBody(int forma) { PrikazZatimNeni(forma == 0 ? L"nactiGPS" : L"nactiJTSK"); }
-
-} // namespace
+#include "InfoEntity.h"
+#include "NacteniBodu.h"
+#include "VyskySpady.h"
 
 void PrikazSs() { ProvedPrikaz(SedaReference); }
 
-void PrikazVvs() { ProvedPrikaz([] { PrikazZatimNeni(L"vvs"); }); }
+void PrikazVvs() { ProvedPrikaz(HloubkaSachty); }
 
-void PrikazVvvv() { ProvedPrikaz([] { PrikazZatimNeni(L"vvvv"); }); }
+void PrikazVvvv() { ProvedPrikaz(SpadMeziSachtami); }
 
-void PrikazLi() { ProvedPrikaz([] { PrikazZatimNeni(L"li"); }); }
+void PrikazLi() { ProvedPrikaz(UkazInfoEntity); }
 
-void PrikazPro() { ProvedPrikaz([] { PrikazZatimNeni(L"pro"); }); }
+void PrikazPro() { ProvedPrikaz(ObratKrivky); }
 
-void PrikazNactiGPS() { ProvedPrikaz([] { NactiBody(0); }); }
+void PrikazNactiGPS() { ProvedPrikaz([] { VlozBody(kFormaWgs84); }); }
 
-void PrikazNactiJTSK() { ProvedPrikaz([] { NactiBody(1); }); }
+void PrikazNactiJTSK() { ProvedPrikaz([] { VlozBody(kFormaJtsk); }); }
 
 void ZobrazCTB() {}
 
-void PrikazCistiVysky() { ProvedPrikaz([] { PrikazZatimNeni(L"CISTIVYSKY"); }); }
+void PrikazCistiVysky() { ProvedPrikaz(CistiVysky); }
 
 void PrikazPreved()
 {

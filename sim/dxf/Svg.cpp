@@ -167,6 +167,8 @@ private:
             lwpolyline(*pl, rgb, xf);
         } else if (auto* pl2 = AcDb2dPolyline::cast(&e)) {
             polyline2d(*pl2, rgb, xf);
+        } else if (auto* curve = AcDbCurve::cast(&e)) {
+            curvePoints(*curve, rgb, xf);
         } else if (auto* ref = AcDbBlockReference::cast(&e)) {
             block(ref->blockTableRecord(), xf * ref->blockTransform(), rgb, depth + 1);
             for (AcDbObjectId id : sim::db::attributeIds(ref))
@@ -187,6 +189,21 @@ private:
         } else if (auto* u = sim::db::UnknownEntity::cast(&e)) {
             unknown(*u, rgb, xf, depth);
         }
+    }
+
+    /// Any other curve (an ellipse, a spline) by points along its parameter.
+    void curvePoints(const AcDbCurve& c, Rgb rgb, const AcGeMatrix3d& xf)
+    {
+        double s = 0, e = 0;
+        if (c.getStartParam(s) != Acad::eOk || c.getEndParam(e) != Acad::eOk)
+            return;
+        std::vector<AcGePoint3d> pts;
+        for (int i = 0; i <= 128; ++i) {
+            AcGePoint3d p;
+            if (c.getPointAtParam(s + (e - s) * i / 128, p) == Acad::eOk)
+                pts.push_back(p);
+        }
+        add(std::move(pts), false, rgb, xf);
     }
 
     /// A dimension draws its block; one without draws its lines and its text.

@@ -24,15 +24,15 @@ AFX_CTLSTATE& st(const CWnd* w)
 std::wstring name(const AcCmColor& c)
 {
     if (c.isByLayer())
-        return L"ByLayer";
+        return L"DleHlad";
     if (c.isByBlock())
-        return L"ByBlock";
+        return L"DleBlok";
     if (c.isByACI()) {
         static const wchar_t* const standard[] = {L"", L"Červená", L"Žlutá", L"Zelená", L"Azurová", L"Modrá", L"Purpurová", L"Bílá"};
         const int i = c.colorIndex();
         return i >= 1 && i <= 7 ? standard[i] : L"Barva " + std::to_wstring(i);
     }
-    return std::to_wstring(c.red()) + L"," + std::to_wstring(c.green()) + L"," + std::to_wstring(c.blue());
+    return L"RGB:" + std::to_wstring(c.red()) + L"," + std::to_wstring(c.green()) + L"," + std::to_wstring(c.blue());
 }
 
 void add(AFX_CTLSTATE& s, const AcCmColor& c)
