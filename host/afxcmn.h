@@ -109,3 +109,18 @@ typedef struct tagNMLINK {
     NMHDR hdr;
     LITEM item;
 } NMLINK, *PNMLINK;
+
+// The up-down control (spin button): a position in a range; a click on an arrow moves the position
+// by one and sends WM_VSCROLL with SB_THUMBPOSITION and the new position to the parent, then
+// SB_ENDSCROLL.
+#define UPDOWN_CLASSW L"msctls_updown32"
+#define UDS_ARROWKEYS 0x0020
+
+class CSpinButtonCtrl : public CWnd {
+public:
+    void SetRange32(int nLower, int nUpper);
+    void GetRange32(int& lower, int& upper) const;
+    /// Clamped to the range; gives the old position.
+    int SetPos32(int nPos);
+    int GetPos32(LPBOOL lpbError = nullptr) const;
+};

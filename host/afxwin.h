@@ -47,6 +47,7 @@
 #define CBN_SELCHANGE 1
 
 #define WM_INITDIALOG 0x0110
+#define WM_VSCROLL 0x0115
 #define WM_CTLCOLOREDIT 0x0133
 #define WM_CTLCOLORSTATIC 0x0138
 #define CTLCOLOR_EDIT 1
@@ -56,6 +57,12 @@
 #define COLOR_WINDOW 5
 #define COLOR_WINDOWTEXT 8
 #define COLOR_HOTLIGHT 26
+
+// Scroll codes of WM_VSCROLL (low word of wParam; the high word is the position).
+#define SB_LINEUP 0
+#define SB_LINEDOWN 1
+#define SB_THUMBPOSITION 4
+#define SB_ENDSCROLL 8
 
 // The window classes of dialog controls.
 #define WC_BUTTONW L"Button"
@@ -250,12 +257,16 @@ protected:
     virtual void OnSetFocus(CWnd* pOldWnd);
     virtual void OnKillFocus(CWnd* pNewWnd);
     virtual void OnPaint();
+    /// WM_VSCROLL from a vertical scroll bar or spin button of this window (pScrollBar is that control).
+    virtual void OnVScroll(UINT nSBCode, UINT nPos, class CScrollBar* pScrollBar);
 
     friend class CDialog;
     friend struct AFX_DLGSTATE;
 };
 
 class CStatic : public CWnd {};
+
+class CScrollBar : public CWnd {};
 
 class CButton : public CWnd {
 public:

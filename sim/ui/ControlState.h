@@ -11,7 +11,7 @@
 
 namespace sim::ui {
 
-enum class Kind { Other, PushButton, CheckBox, ThreeState, Radio, GroupBox, Edit, Label, Tree, List, Link };
+enum class Kind { Other, PushButton, CheckBox, ThreeState, Radio, GroupBox, Edit, Label, Tree, List, Link, Spin };
 
 /// The kind of a control from its window class and style.
 Kind kindOf(const std::wstring& className, DWORD style);
@@ -45,6 +45,7 @@ struct AFX_CTLSTATE {
     UINT limit = 0; ///< 0: the edit's default
     std::vector<sim::ui::Item> items;
     int selectedItem = -1;
+    int spinLower = 0, spinUpper = 100, spinPos = 0; ///< a spin button's range and position
     std::wstring tooltip;
     std::vector<std::wstring> painted;
     int acceptedChars = 0; ///< characters an edit took, for the runner to see refused keys

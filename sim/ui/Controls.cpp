@@ -84,6 +84,35 @@ BOOL CEdit::HideBalloonTip() { return TRUE; }
 
 // ---------------------------------------------------------------------------------------------
 
+void CSpinButtonCtrl::SetRange32(int nLower, int nUpper)
+{
+    AFX_CTLSTATE& s = st(this);
+    s.spinLower = nLower;
+    s.spinUpper = nUpper;
+    s.spinPos = std::clamp(s.spinPos, std::min(nLower, nUpper), std::max(nLower, nUpper));
+}
+
+void CSpinButtonCtrl::GetRange32(int& lower, int& upper) const
+{
+    lower = st(this).spinLower;
+    upper = st(this).spinUpper;
+}
+
+int CSpinButtonCtrl::SetPos32(int nPos)
+{
+    AFX_CTLSTATE& s = st(this);
+    return std::exchange(s.spinPos, std::clamp(nPos, std::min(s.spinLower, s.spinUpper), std::max(s.spinLower, s.spinUpper)));
+}
+
+int CSpinButtonCtrl::GetPos32(LPBOOL lpbError) const
+{
+    if (lpbError)
+        *lpbError = FALSE;
+    return st(this).spinPos;
+}
+
+// ---------------------------------------------------------------------------------------------
+
 HTREEITEM CTreeCtrl::InsertItem(LPCWSTR lpszItem, HTREEITEM hParent, HTREEITEM)
 {
     AFX_CTLSTATE& s = st(this);

@@ -2,6 +2,7 @@
 // the dialog shown in the transcript and driven by script lines until it ends.
 #include "sim/ui/DialogRunner.h"
 
+#include <algorithm>
 #include <cwctype>
 #include <map>
 #include <sstream>
@@ -267,6 +268,32 @@ bool select(CDialog& dlg, AFX_CTLSTATE* c, const std::vector<std::wstring>& pick
     return true;
 }
 
+// A click on an arrow of a spin button: the position moves by one within the range (up towards the
+// upper end) and the parent hears WM_VSCROLL, as from the real control.
+bool spin(CDialog& dlg, AFX_CTLSTATE* c, const std::vector<std::wstring>& words)
+{
+    if (c->kind != Kind::Spin) {
+        say(L"Prvek " + std::to_wstring(c->id) + L" nejsou šipky.");
+        return false;
+    }
+    const std::wstring smer = words.empty() ? L"" : upper(words[0]);
+    if (smer != L"UP" && smer != L"DOWN") {
+        say(L"Šipky se posouvají up nebo down.");
+        return false;
+    }
+    int krok = smer == L"UP" ? 1 : -1;
+    if (c->spinLower > c->spinUpper)
+        krok = -krok;
+    const int pos = std::clamp(c->spinPos + krok, std::min(c->spinLower, c->spinUpper), std::max(c->spinLower, c->spinUpper));
+    if (pos == c->spinPos)
+        return true; // at the end of the range the control sends nothing
+    c->spinPos = pos;
+    const LPARAM od = reinterpret_cast<LPARAM>(c->hwnd);
+    dlg.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, static_cast<WORD>(pos)), od);
+    dlg.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_ENDSCROLL, static_cast<WORD>(pos)), od);
+    return true;
+}
+
 void endAsCancel(CDialog& dlg)
 {
     dlg.SendMessage(WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
@@ -306,7 +333,7 @@ bool act(CDialog& dlg, std::wstring_view lineView)
         dlg.SendMessage(WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
         return true;
     }
-    if (verb == L"CLICK" || verb == L"SET" || verb == L"CHECK" || verb == L"SELECT") {
+    if (verb == L"CLICK" || verb == L"SET" || verb == L"CHECK" || verb == L"SELECT" || verb == L"SPIN") {
         std::wstring idText;
         in >> idText;
         auto id = number(idText);
@@ -335,6 +362,8 @@ bool act(CDialog& dlg, std::wstring_view lineView)
             words.push_back(w);
         if (verb == L"SELECT")
             return select(dlg, c, words);
+        if (verb == L"SPIN")
+            return spin(dlg, c, words);
         if (words.empty()) {
             say(L"Chybí on nebo off.");
             return false;

@@ -50,6 +50,10 @@ std::wstring describeControl(CDialog& dlg, int id, bool withTip)
     case Kind::PushButton: line += L"<" + c->text + L">"; break;
     case Kind::GroupBox: line += L"-- " + c->text + L" --"; break;
     case Kind::Link: line += L"odkaz: " + c->text; break;
+    case Kind::Spin:
+        line += L"šipky " + std::to_wstring(c->spinPos) + L" (" + std::to_wstring(c->spinLower) + L".." +
+                std::to_wstring(c->spinUpper) + L")";
+        break;
     case Kind::Tree:
     case Kind::List: {
         line += c->kind == Kind::Tree ? L"strom:" : L"seznam:";

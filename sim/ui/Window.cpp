@@ -57,6 +57,8 @@ Kind kindOf(const std::wstring& className, DWORD style)
         return Kind::List;
     if (c == L"SYSLINK")
         return Kind::Link;
+    if (c == L"MSCTLS_UPDOWN32")
+        return Kind::Spin;
     return Kind::Other;
 }
 
@@ -290,6 +292,9 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_SETFOCUS: OnSetFocus(FromHandle(reinterpret_cast<HWND>(wParam))); return 0;
     case WM_KILLFOCUS: OnKillFocus(FromHandle(reinterpret_cast<HWND>(wParam))); return 0;
     case WM_PAINT: OnPaint(); return 0;
+    case WM_VSCROLL:
+        OnVScroll(LOWORD(wParam), HIWORD(wParam), static_cast<CScrollBar*>(FromHandle(reinterpret_cast<HWND>(lParam))));
+        return 0;
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
         return reinterpret_cast<LRESULT>(CtlColor(reinterpret_cast<CDC*>(wParam),
@@ -302,6 +307,7 @@ BOOL CWnd::OnCommand(WPARAM, LPARAM) { return FALSE; }
 BOOL CWnd::OnNotify(WPARAM, LPARAM, LRESULT*) { return FALSE; }
 BOOL CWnd::OnChildNotify(UINT, WPARAM, LPARAM, LRESULT*) { return FALSE; }
 HBRUSH CWnd::CtlColor(CDC*, UINT) { return nullptr; }
+void CWnd::OnVScroll(UINT, UINT, CScrollBar*) {}
 
 void CWnd::OnChar(UINT nChar, UINT, UINT)
 {
