@@ -40,7 +40,7 @@ public:
     Acad::ErrorStatus read(AcDbDatabase& db, const std::wstring& path) override
     {
         std::error_code ec;
-        if (!fs::is_regular_file(toPath(dxfPath(path)), ec)) {
+        if (!fs::is_regular_file(toPath(readablePath(path)), ec)) {
             g_lastError = "cannot find " + sim::toUtf8(path);
             return Acad::eFileNotFound;
         }
@@ -67,6 +67,12 @@ std::wstring dxfPath(const std::wstring& path)
     if (endsWithNoCase(path, L".dwg"))
         return path.substr(0, path.size() - 4) + L".dxf";
     return path;
+}
+
+std::wstring readablePath(const std::wstring& path)
+{
+    std::error_code ec;
+    return fs::is_regular_file(toPath(path), ec) ? path : dxfPath(path);
 }
 
 bool readFileText(const std::string& path, std::string& text)
@@ -141,7 +147,7 @@ private:
 
 std::string readDrawingFile(AcDbDatabase& db, const std::wstring& path)
 {
-    fs::path file = toPath(dxfPath(path));
+    fs::path file = toPath(readablePath(path));
     MappedFile mapped(file.string());
     std::string text;
     if (!mapped.ok() && !readFileText(file.string(), text))

@@ -10,6 +10,9 @@ namespace sim::dxf {
 
 /// The file the platform uses for a drawing's name: the .dxf of a .dwg, the name itself otherwise.
 std::wstring dxfPath(const std::wstring& path);
+/// The file a read of the path opens: the path itself when it is a file (a .dwg name may hold DXF
+/// text, as the installation's block file does), else dxfPath.
+std::wstring readablePath(const std::wstring& path);
 
 /// Reads a drawing file into an empty database. Empty on success; else the reason (with the line
 /// for a damaged file), and the database is empty again.

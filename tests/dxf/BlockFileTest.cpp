@@ -10,7 +10,7 @@
 
 #include "dbents.h"
 #include "sim/core/Session.h"
-#include "sim/dxf/DynamicBlock.h"
+#include "sim/db/DynamicBlock.h"
 
 using namespace dxftest;
 namespace fs = std::filesystem;
@@ -51,10 +51,10 @@ TEST_F(BlockFile, InsertBringsDynamicDataApplicationsAndBasePoint)
         // space, and a base point away from the origin.
         AcDbDatabase src;
         AcDbObjectId lineId = append(src, new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(10, 0, 0)));
-        std::vector<sim::dxf::DynamicProperty> props(1);
+        std::vector<sim::db::DynamicProperty> props(1);
         props[0].name = L"Výška";
         props[0].value.real = 2.5;
-        resbuf* def = sim::dxf::dynamicPropertiesXData(props, true);
+        resbuf* def = sim::db::dynamicPropertiesXData(props, true);
         {
             AcDbBlockTableRecordPointer ms(ACDB_MODEL_SPACE, &src, AcDb::kForWrite);
             ASSERT_EQ(ms->setXData(def), Acad::eOk);
@@ -87,11 +87,11 @@ TEST_F(BlockFile, InsertBringsDynamicDataApplicationsAndBasePoint)
     AcDbBlockTableRecordPointer btr(blockId, AcDb::kForRead);
     ASSERT_EQ(btr.openStatus(), Acad::eOk);
     EXPECT_TRUE(btr->origin().isEqualTo(AcGePoint3d(5, 6, 0)));
-    std::vector<sim::dxf::DynamicProperty> got = sim::dxf::dynamicProperties(*btr.object());
+    std::vector<sim::db::DynamicProperty> got = sim::db::dynamicProperties(*btr.object());
     ASSERT_EQ(got.size(), 1u);
     EXPECT_EQ(got[0].name, L"Výška");
     EXPECT_EQ(got[0].value.real, 2.5);
-    EXPECT_TRUE(hasRegApp(db, sim::dxf::kDynamicBlockApp));
+    EXPECT_TRUE(hasRegApp(db, sim::db::kDynamicBlockApp));
     EXPECT_TRUE(hasRegApp(db, L"MYAPP"));
 
     AcDbBlockTableRecordIterator* it = nullptr;

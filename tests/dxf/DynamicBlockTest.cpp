@@ -3,11 +3,11 @@
 #include "DxfFixture.h"
 
 #include "dbents.h"
-#include "sim/dxf/DynamicBlock.h"
+#include "sim/db/DynamicBlock.h"
 
 using namespace dxftest;
-using sim::dxf::DynamicProperty;
-using sim::dxf::DynamicValue;
+using sim::db::DynamicProperty;
+using sim::db::DynamicValue;
 
 namespace {
 
@@ -38,7 +38,7 @@ DynamicValue text(const wchar_t* v)
 void setProperties(AcDbObjectId id, const std::vector<DynamicProperty>& props, bool definition)
 {
     AcDbObjectPointer<AcDbObject> obj(id, AcDb::kForWrite);
-    resbuf* xd = sim::dxf::dynamicPropertiesXData(props, definition);
+    resbuf* xd = sim::db::dynamicPropertiesXData(props, definition);
     ASSERT_EQ(obj->setXData(xd), Acad::eOk);
     acutRelRb(xd);
 }
@@ -71,7 +71,7 @@ TEST_F(DynamicBlock, DefinitionAndReferenceKeepTheirProperties)
     std::string first = write(db);
     auto back = read(first);
     EXPECT_EQ(write(*back), first);
-    EXPECT_EQ(sim::dxf::dynamicProperties(*same<AcDbBlockTableRecord>(*back, blockId)), definition);
-    EXPECT_EQ(sim::dxf::dynamicProperties(*same<AcDbBlockReference>(*back, refId)), values);
-    EXPECT_TRUE(AcDbRegAppTablePointer(back.get())->has(sim::dxf::kDynamicBlockApp));
+    EXPECT_EQ(sim::db::dynamicProperties(*same<AcDbBlockTableRecord>(*back, blockId)), definition);
+    EXPECT_EQ(sim::db::dynamicProperties(*same<AcDbBlockReference>(*back, refId)), values);
+    EXPECT_TRUE(AcDbRegAppTablePointer(back.get())->has(sim::db::kDynamicBlockApp));
 }
