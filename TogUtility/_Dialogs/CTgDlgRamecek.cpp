@@ -17,13 +17,13 @@ constexpr const ACHAR* kTitulek = L"Togovy Utility pro AutoCad";
 using D = CTgDlgRamecek;
 
 const DLGITEMRES kPrvky[] = {
-    {0, WC_STATICW, L"Výška:", SS_LEFT},
+    {1001, WC_STATICW, L"Výška:", SS_LEFT},
     {D::IDC_VYSKA, WC_EDITW, L"", ES_AUTOHSCROLL | WS_TABSTOP},
     {D::IDC_SPIN_VYSKA, UPDOWN_CLASSW, L"", UDS_ARROWKEYS},
     {D::IDC_A4_VYSKA, WC_STATICW, L"", SS_LEFT},
     {D::IDC_ROLE_VYSKA, WC_STATICW, L"", SS_LEFT},
     {D::IDC_ODPAD_VYSKA, WC_STATICW, L"", SS_LEFT},
-    {0, WC_STATICW, L"Šířka:", SS_LEFT},
+    {1002, WC_STATICW, L"Šířka:", SS_LEFT},
     {D::IDC_SIRKA, WC_EDITW, L"", ES_AUTOHSCROLL | WS_TABSTOP},
     {D::IDC_SPIN_SIRKA, UPDOWN_CLASSW, L"", UDS_ARROWKEYS},
     {D::IDC_A4_SIRKA, WC_STATICW, L"", SS_LEFT},
@@ -40,10 +40,10 @@ const DLGITEMRES kPrvky[] = {
     {216, WC_BUTTONW, FormatVykresu::kFormaty[5].popis, BS_AUTORADIOBUTTON},
     {217, WC_BUTTONW, FormatVykresu::kFormaty[6].popis, BS_AUTORADIOBUTTON},
     {218, WC_BUTTONW, FormatVykresu::kFormaty[7].popis, BS_AUTORADIOBUTTON},
-    {0, WC_STATICW, L"Přesah značky:", SS_LEFT | WS_GROUP},
+    {1003, WC_STATICW, L"Přesah značky:", SS_LEFT | WS_GROUP},
     {D::IDC_PRESAH, WC_EDITW, L"", ES_AUTOHSCROLL | WS_TABSTOP},
     {D::IDC_SPIN_PRESAH, UPDOWN_CLASSW, L"", UDS_ARROWKEYS},
-    {0, WC_STATICW, L"Rozteč rámečků:", SS_LEFT},
+    {1004, WC_STATICW, L"Rozteč rámečků:", SS_LEFT},
     {D::IDC_ROZTEC, WC_EDITW, L"", ES_AUTOHSCROLL | WS_TABSTOP},
     {D::IDC_SPIN_ROZTEC, UPDOWN_CLASSW, L"", UDS_ARROWKEYS},
     {D::IDC_6MM, WC_BUTTONW, L"6 mm", BS_PUSHBUTTON},
@@ -214,10 +214,6 @@ void CTgDlgRamecek::DoDataExchange(CDataExchange* pDX)
     DDX_Check(pDX, IDC_DVOJITY, m_dvojity);
     VymenCislo(pDX, IDC_PRESAH, m_presah, 0, 25);
     VymenCislo(pDX, IDC_ROZTEC, m_roztec, 3, 20);
-    if (!pDX->m_bSaveAndValidate) {
-        m_spinPresah.SetPos32(m_presah);
-        m_spinRoztec.SetPos32(m_roztec);
-    }
     if (CWnd* netisk = GetDlgItem(IDC_NETISK))
         netisk->EnableWindow(m_netiskPovolen ? TRUE : FALSE);
 }
@@ -301,6 +297,13 @@ BOOL CTgDlgRamecek::OnCommand(WPARAM wParam, LPARAM lParam)
         ZmenaSirky();
         return TRUE;
     }
+    // The small values' spins follow their fields, as a spin follows its buddy.
+    if (kod == EN_CHANGE && (id == IDC_PRESAH || id == IDC_ROZTEC)) {
+        CString text;
+        GetDlgItemText(id, text);
+        (id == IDC_PRESAH ? m_spinPresah : m_spinRoztec).SetPos32(CisloZTextu(text));
+        return TRUE;
+    }
     if (kod == BN_CLICKED) {
         if (id >= IDC_FORMAT_PRVNI && id <= IDC_FORMAT_POSLEDNI) {
             VyberFormat(id - IDC_FORMAT_PRVNI);
@@ -317,8 +320,6 @@ BOOL CTgDlgRamecek::OnCommand(WPARAM wParam, LPARAM lParam)
             m_roztec = 6;
             SetDlgItemText(IDC_PRESAH, CisloJakoText(m_presah));
             SetDlgItemText(IDC_ROZTEC, CisloJakoText(m_roztec));
-            m_spinPresah.SetPos32(m_presah);
-            m_spinRoztec.SetPos32(m_roztec);
             return TRUE;
         }
     }

@@ -173,8 +173,10 @@ private:
                 if (auto* a = AcDbAttribute::cast(sim::db::objectOf(id)); a && !a->isInvisible())
                     entity(*a, xf, rgb, depth);
         } else if (auto* t = AcDbText::cast(&e)) {
-            if (AcDbAttributeDefinition::cast(t))
-                return; // a definition shows in its block only as its attributes do
+            // A definition shows in its block only as its attributes do; a constant one gives no
+            // attribute, and a visible constant one shows its text in every reference.
+            if (auto* ad = AcDbAttributeDefinition::cast(t); ad && (depth == 0 || !ad->isConstant() || ad->isInvisible()))
+                return;
             singleLine(*t, rgb, xf);
         } else if (auto* m = AcDbMText::cast(&e)) {
             multiLine(*m, rgb, xf);
