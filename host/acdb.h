@@ -198,4 +198,12 @@ enum AcDbDwgVersion {
     kDHL_Max = 32767
 };
 
+/// Kinds of the parts of an entity (AcDbSubentId).
+enum SubentType {
+    kNullSubentType = 0,
+    kFaceSubentType = 1,
+    kEdgeSubentType = 2,
+    kVertexSubentType = 3,
+};
+
 } // namespace AcDb

@@ -21,6 +21,7 @@
 #include "dbmain.h"
 #include "dbents.h"
 #include "dbpl.h"
+#include "dbsubeid.h"
 #include "dbmtext.h"
 #include "dbsymtb.h"
 #include "dbdict.h"
@@ -44,6 +45,7 @@
 #include "acdocman.h"
 // The editor: prompts, selection, system variables, coordinate systems.
 #include "acedads.h"
+#include "AcEdInplaceTextEditor.h"
 #include "geline2d.h"
 // The application frame: entry point, command stack, AutoLISP functions.
 #include "rxregsvc.h"

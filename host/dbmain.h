@@ -220,6 +220,8 @@ private:
 };
 
 /// An object with geometry that lives in a block table record (model space, a layout, a block).
+class AcDbFullSubentPath;
+
 class AcDbEntity : public AcDbObject {
 public:
     ACDB_DECLARE_MEMBERS(AcDbEntity);
@@ -264,6 +266,18 @@ public:
     virtual Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform);
     /// A transformed clone; the caller owns it.
     virtual Acad::ErrorStatus getTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& pEnt) const;
+
+    /// The paths of the parts of a kind under a graphics marker (the marker of a pick, from
+    /// acedSSNameX). The caller frees subentPaths with delete[]. eNotApplicable for a class without
+    /// such parts.
+    virtual Acad::ErrorStatus getSubentPathsAtGsMarker(AcDb::SubentType type, Adesk::GsMarker gsMark,
+                                                       const AcGePoint3d& pickPoint, const AcGeMatrix3d& viewXform,
+                                                       int& numPaths, AcDbFullSubentPath*& subentPaths,
+                                                       int numInserts = 0,
+                                                       AcDbObjectId* entAndInsertStack = nullptr) const;
+    /// The part as a new entity in the entity's own coordinates, which the caller owns; null when
+    /// there is no such part.
+    virtual AcDbEntity* subentPtr(const AcDbFullSubentPath& id) const;
 
 private:
     friend class AcDbImpDatabase;

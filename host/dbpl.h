@@ -66,6 +66,12 @@ public:
     Acad::ErrorStatus getOffsetCurves(double offsetDist, AcDbVoidPtrArray& offsetCurves) const override;
     Acad::ErrorStatus reverseCurve() override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform) override;
+    /// Edges: the segment of the marker (index + 1), as a new AcDbLine or AcDbArc.
+    Acad::ErrorStatus getSubentPathsAtGsMarker(AcDb::SubentType type, Adesk::GsMarker gsMark,
+                                               const AcGePoint3d& pickPoint, const AcGeMatrix3d& viewXform,
+                                               int& numPaths, AcDbFullSubentPath*& subentPaths, int numInserts = 0,
+                                               AcDbObjectId* entAndInsertStack = nullptr) const override;
+    AcDbEntity* subentPtr(const AcDbFullSubentPath& id) const override;
 
 private:
     friend class AcDbImpDatabase;

@@ -5,6 +5,7 @@
 #include "Utility.h"
 #include "OkrajPrikazu.h"
 #include "_Hlavni/ZatimNeni.h"
+#include "VyskySpady.h"
 
 namespace {
 
@@ -15,9 +16,9 @@ void NactiBody(int forma) { PrikazZatimNeni(forma == 0 ? L"nactiGPS" : L"nactiJT
 
 void PrikazSs() { ProvedPrikaz([] { PrikazZatimNeni(L"ss"); }); }
 
-void PrikazVvs() { ProvedPrikaz([] { PrikazZatimNeni(L"vvs"); }); }
+void PrikazVvs() { ProvedPrikaz(HloubkaSachty); }
 
-void PrikazVvvv() { ProvedPrikaz([] { PrikazZatimNeni(L"vvvv"); }); }
+void PrikazVvvv() { ProvedPrikaz(SpadMeziSachtami); }
 
 void PrikazLi() { ProvedPrikaz([] { PrikazZatimNeni(L"li"); }); }
 
@@ -29,6 +30,6 @@ void PrikazNactiJTSK() { ProvedPrikaz([] { NactiBody(1); }); }
 
 void ZobrazCTB() {}
 
-void PrikazCistiVysky() { ProvedPrikaz([] { PrikazZatimNeni(L"CISTIVYSKY"); }); }
+void PrikazCistiVysky() { ProvedPrikaz(CistiVysky); }
 
 void PrikazPreved() { ProvedPrikaz([] { PrikazZatimNeni(L"preved"); }); }
