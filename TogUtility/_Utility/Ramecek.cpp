@@ -9,6 +9,7 @@
 #include "CTogFunkceDWG.h"
 #include "CTogSet.h"
 #include "OkrajPrikazu.h"
+#include "VyberJedne.h"
 #include "_Dialogs/CTgDlgRamecek.h"
 #include "acedads.h"
 #include "acutads.h"
@@ -119,27 +120,22 @@ bool CTogRamecek::VyberExistujici(AcDbObjectId& idBloku, AcDbObjectId& idReferen
         idBloku = ref->blockTableRecord();
         return true;
     }
-    resbuf* filtr = acutBuildList(RTDXF0, L"INSERT", RTNONE);
-    const std::unique_ptr<resbuf, int (*)(resbuf*)> drzFiltr(filtr, acutRelRb);
+    const FiltrTypu filtr({L"INSERT"});
+    SadaVyberu sada;
     for (;;) {
         acutPrintf(L"\nVyber rámeček: ");
-        ads_name sada = {0, 0};
-        const int vysledek = acedSSGet(L":S", nullptr, nullptr, filtr, sada);
-        if (vysledek == RTCAN)
-            return false;
-        if (vysledek != RTNORM)
+        int vysledek = RTNONE;
+        if (!VyberDoSady(sada, L":S", filtr.Retezec(), &vysledek)) {
+            if (vysledek == RTCAN)
+                return false;
             continue;
-        ads_name prvni = {0, 0};
-        AcDbObjectId id;
-        const bool mame = acedSSName(sada, 0, prvni) == RTNORM && acdbGetObjectId(id, prvni) == Acad::eOk;
-        acedSSFree(sada);
-        if (mame) {
-            AcDbObjectPointer<AcDbBlockReference> ref(id, AcDb::kForRead);
-            if (ref.openStatus() == Acad::eOk && JeRamecek(JmenoBloku(ref->blockTableRecord()))) {
-                idReference = id;
-                idBloku = ref->blockTableRecord();
-                return true;
-            }
+        }
+        const AcDbObjectId id = sada.Id(0);
+        AcDbObjectPointer<AcDbBlockReference> ref(id, AcDb::kForRead);
+        if (ref.openStatus() == Acad::eOk && JeRamecek(JmenoBloku(ref->blockTableRecord()))) {
+            idReference = id;
+            idBloku = ref->blockTableRecord();
+            return true;
         }
         acutPrintf(L"\nNebyl vybrán rámeček, vyber znova nebo <Enter> pro nový: ");
     }
