@@ -47,15 +47,11 @@ bool NastavAnnotative(AcDbObject* objekt)
 {
     if (objekt == nullptr)
         throw CTogException("Objekt je null", __LINE__, __FILE__);
-    if (!objekt->isWriteEnabled()) {
-        objekt->close();
+    if (!objekt->isWriteEnabled())
         throw CTogException("Objekt není otevřen pro zápis!!", __LINE__, __FILE__);
-    }
     auto* pe = AcDbAnnotativeObjectPE::cast(objekt->queryX(AcDbAnnotativeObjectPE::desc()));
-    if (pe == nullptr) {
-        objekt->close();
+    if (pe == nullptr)
         throw CTogException("Nepodařilo se otevřít AcDbAnnotativeObjectPE", __LINE__, __FILE__);
-    }
     if (pe->annotative(objekt))
         return true;
     return pe->setAnnotative(objekt, true) == Acad::eOk;
@@ -65,10 +61,8 @@ bool PridejMeritko(AcDbEntity* entita, const AcDbAnnotationScale* meritko)
 {
     if (entita == nullptr)
         throw CTogException("Entita je null", __LINE__, __FILE__);
-    if (!entita->isWriteEnabled()) {
-        entita->close();
+    if (!entita->isWriteEnabled())
         throw CTogException("Entita není otevřena pro zápis!!", __LINE__, __FILE__);
-    }
     if (!NastavAnnotative(entita))
         throw CTogException("Objekt není možné nastavit jako annotative", __LINE__, __FILE__);
     auto* kontexty = AcDbObjectContextInterface::cast(entita->queryX(AcDbObjectContextInterface::desc()));

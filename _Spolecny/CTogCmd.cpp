@@ -257,12 +257,11 @@ Adesk::Int32 CNajdiBlokRefs::Zpracuj(AcDbObjectId id)
         return 1;
     }
 
-    AcDbBlockTableRecord* definice = nullptr;
-    if (acdbOpenObject(definice, reference->blockTableRecord(), AcDb::kForRead) != Acad::eOk || definice == nullptr)
+    AcDbBlockTableRecordPointer definice(reference->blockTableRecord());
+    if (definice.openStatus() != Acad::eOk)
         throw CTogException("Nelze otevřít definici bloku pro čtení", __LINE__, __FILE__);
     AcString jmeno;
     definice->getName(jmeno);
-    definice->close();
     CTogFunkce::NaVelka(jmeno);
 
     bool shoda = castNazvu ? std::wcsstr(jmeno.kwszPtr(), nazev.kwszPtr()) != nullptr : jmeno.compare(nazev) == 0;

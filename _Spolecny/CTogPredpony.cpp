@@ -23,6 +23,7 @@
 #include "acdocman.h"
 #include "acutads.h"
 #include "dbapserv.h"
+#include "dbobjptr.h"
 #include "dbsymtb.h"
 
 namespace {
@@ -59,16 +60,6 @@ AcString NahradVse(const AcString& text, const AcString& co, const AcString& cim
         s.replace(i, a.size(), b);
     return AcString(s.c_str());
 }
-
-// Closes a record or table when the scope ends.
-struct Zavri {
-    void operator()(AcDbObject* o) const
-    {
-        if (o)
-            o->close();
-    }
-};
-template <class T> using Otevreny = std::unique_ptr<T, Zavri>;
 
 } // namespace
 
@@ -135,12 +126,10 @@ int CTogPredpony::VymenPredponu(const AcString& stara, const AcString& nova)
     // An empty prefix begins every name: nothing to replace.
     if (stara.isEmpty())
         return 0;
-    AcDbDatabase* db = Vykres();
-    AcDbLayerTable* pTabulka = nullptr;
-    Acad::ErrorStatus es = db ? db->getLayerTable(pTabulka, AcDb::kForRead) : Acad::eNullObjectPointer;
-    if (es != Acad::eOk || !pTabulka)
+    AcDbLayerTablePointer tabulka(Vykres());
+    Acad::ErrorStatus es = tabulka.openStatus();
+    if (es != Acad::eOk)
         throw CTogException("Nelze otevřít LayerStyle table for reading", __LINE__, __FILE__, es);
-    Otevreny<AcDbLayerTable> tabulka(pTabulka);
 
     CTogCmd::ParyId sloucit;
     int prevedeno = 0;
@@ -152,10 +141,9 @@ int CTogPredpony::VymenPredponu(const AcString& stara, const AcString& nova)
         AcDbObjectId id;
         if (iter->getRecordId(id) != Acad::eOk)
             continue;
-        AcDbLayerTableRecord* pZaznam = nullptr;
-        if (acdbOpenObject(pZaznam, id, AcDb::kForWrite) != Acad::eOk || !pZaznam)
+        AcDbLayerTableRecordPointer zaznam(id, AcDb::kForWrite);
+        if (zaznam.openStatus() != Acad::eOk)
             continue;
-        Otevreny<AcDbLayerTableRecord> zaznam(pZaznam);
         if (zaznam->isDependent())
             continue;
         AcString jmeno;
@@ -172,7 +160,7 @@ int CTogPredpony::VymenPredponu(const AcString& stara, const AcString& nova)
         }
     }
     iter.reset();
-    tabulka.reset(); // the table is closed before the walk
+    tabulka.close(); // the table is closed before the walk
     acutPrintf(L"\nBylo převedeno %i hladin, bude sloučeno %i hladin", prevedeno, static_cast<int>(sloucit.size()));
     SloucitHladiny(sloucit);
     return prevedeno;
@@ -188,21 +176,15 @@ void CTogPredpony::SloucitHladiny(const std::vector<std::pair<AcDbObjectId, AcDb
         const int zmeneno = zmena.ProjdiDwg(CTogCmd::kModelSpace | CTogCmd::kLayouty | CTogCmd::kDefiniceBloku, false, 1);
         acutPrintf(L"\nPřevedeno %i entit", zmeneno);
     }
-    AcDbLayerTable* pTabulka = nullptr;
-    Acad::ErrorStatus es = db ? db->getLayerTable(pTabulka, AcDb::kForWrite) : Acad::eNullObjectPointer;
-    if (es != Acad::eOk || !pTabulka)
-        throw CTogException("Nelze otevřít Layer table for writing", __LINE__, __FILE__, es);
-    Otevreny<AcDbLayerTable> tabulka(pTabulka);
+    AcDbLayerTablePointer tabulka(db, AcDb::kForWrite);
+    if (tabulka.openStatus() != Acad::eOk)
+        throw CTogException("Nelze otevřít Layer table for writing", __LINE__, __FILE__, tabulka.openStatus());
     for (const auto& [stara, cil] : pary) {
         (void)cil;
-        AcDbObject* pObjekt = nullptr;
-        if (acdbOpenObject(pObjekt, stara, AcDb::kForWrite) != Acad::eOk || !pObjekt)
+        AcDbLayerTableRecordPointer hladina(stara, AcDb::kForWrite);
+        if (hladina.openStatus() != Acad::eOk)
             continue;
-        Otevreny<AcDbObject> objekt(pObjekt);
-        auto* hladina = AcDbLayerTableRecord::cast(objekt.get());
-        if (!hladina || !objekt->isKindOf(AcDbLayerTableRecord::desc()))
-            continue;
-        if (objekt->erase() != Acad::eOk) {
+        if (hladina->erase() != Acad::eOk) {
             AcString jmeno;
             hladina->getName(jmeno);
             acutPrintf(L"\nHladinu '%ls' se nepodařilo vymazat", jmeno.kwszPtr());
@@ -216,21 +198,21 @@ void CTogPredpony::NajdiCiziPredpony(const AcString& predponaVykresu, const AcSt
     std::set<AcString> katalog;
     if (SeznamStdHladin(kSkupinaVse, katalog) == 0)
         return;
-    AcDbDatabase* db = Vykres();
-    AcDbLayerTable* pTabulka = nullptr;
-    Acad::ErrorStatus es = db ? db->getLayerTable(pTabulka, AcDb::kForRead) : Acad::eNullObjectPointer;
-    if (es != Acad::eOk || !pTabulka)
+    AcDbLayerTablePointer tabulka(Vykres());
+    Acad::ErrorStatus es = tabulka.openStatus();
+    if (es != Acad::eOk)
         throw CTogException("Nelze otevřít LayerStyle table for reading", __LINE__, __FILE__, es);
-    Otevreny<AcDbLayerTable> tabulka(pTabulka);
     AcDbLayerTableIterator* pIter = nullptr;
     if (tabulka->newIterator(pIter) != Acad::eOk || !pIter)
         return;
     std::unique_ptr<AcDbLayerTableIterator> iter(pIter);
     for (; !iter->done(); iter->step()) {
-        AcDbLayerTableRecord* pZaznam = nullptr;
-        if (iter->getRecord(pZaznam, AcDb::kForRead) != Acad::eOk || !pZaznam)
+        AcDbObjectId id;
+        if (iter->getRecordId(id) != Acad::eOk)
             continue;
-        Otevreny<AcDbLayerTableRecord> zaznam(pZaznam);
+        AcDbLayerTableRecordPointer zaznam(id);
+        if (zaznam.openStatus() != Acad::eOk)
+            continue;
         AcString jmeno;
         if (zaznam->isDependent() || zaznam->getName(jmeno) != Acad::eOk)
             continue;

@@ -2,7 +2,6 @@
 // from the catalogue when missing, unlocked after asking, and the user's own layers.
 #include "StdAfx.h"
 #include <commctrl.h>
-#include <memory>
 #include "CTogBaseNastav.h"
 #include "CTogException.h"
 #include "CTogSet.h"
@@ -36,13 +35,11 @@ AcDbObjectId PrevedHladinyZatimNeni(const ACHAR* celyNazev)
 // A locked layer is unlocked once the user agrees (or agreed "Ano všem" earlier in this run).
 void OdemkniHladinu(AcDbObjectId id)
 {
-    AcDbLayerTableRecord* hladina = nullptr;
-    if (acdbOpenObject(hladina, id, AcDb::kForRead) != Acad::eOk)
+    AcDbLayerTableRecordPointer hladina(id);
+    if (hladina.openStatus() != Acad::eOk)
         throw CTogEasyExcept(L"Hladinu nelze otevřít ani pro čtení");
-    if (!hladina->isLocked()) {
-        hladina->close();
+    if (!hladina->isLocked())
         return;
-    }
     if (g_pNastaveni->JeZodpovezeno(kOtazkaOdemknoutHladinu)) {
         AcString jmeno;
         hladina->getName(jmeno);
@@ -50,19 +47,14 @@ void OdemkniHladinu(AcDbObjectId id)
         int odpoved = ZeptejSe(otazka, L"Do zamčených hladin nelze vykreslovat entity řezu a řez samotný",
                                kTlacitkoAno | kTlacitkoNe | kTlacitkoAnoVsem, false, TD_WARNING_ICON, nullptr);
         // Anything but a yes (a "Ne", a dialog left unanswered) leaves the layer locked.
-        if ((odpoved & kTlacitkoAno) == 0) {
-            hladina->close();
+        if ((odpoved & kTlacitkoAno) == 0)
             throw CTogEasyExcept(L"Hladina je zamčená");
-        }
         if (odpoved & kOdpovedVsem)
             g_pNastaveni->ZapamatujOdpoved(kOtazkaOdemknoutHladinu, 1);
     }
-    if (hladina->upgradeOpen() != Acad::eOk) {
-        hladina->close();
+    if (hladina->upgradeOpen() != Acad::eOk)
         throw CTogEasyExcept(L"Hladinu nelze otevřít pro zápis (je stále zamčená)");
-    }
     hladina->setIsLocked(false);
-    hladina->close();
 }
 
 // The drawing has a layer of the record's old name: offers the conversion, unless the drawing said
@@ -119,24 +111,23 @@ AcDbObjectId ZalozHladinu(const StdHladina& hladina, const ACHAR* celyNazev)
         return id;
 
     // The record stays ours until the table takes it.
-    auto zaznam = std::make_unique<AcDbLayerTableRecord>();
+    AcDbLayerTableRecordPointer zaznam;
+    zaznam.create();
     Acad::ErrorStatus es = zaznam->setName(celyNazev);
-    int soucet = NastavHladinu(hladina, zaznam.get());
+    int soucet = NastavHladinu(hladina, zaznam);
     if (es != Acad::eOk || soucet != 0)
         throw CTogException("Přiřazení hodnot do LayerRecord neproběhlo v pořádku", __LINE__, __FILE__,
                             es != Acad::eOk ? es : soucet);
 
-    AcDbLayerTable* tabulka = nullptr;
-    es = PracovniDatabaze()->getLayerTable(tabulka, AcDb::kForWrite);
+    AcDbLayerTablePointer tabulka(PracovniDatabaze(), AcDb::kForWrite);
+    es = tabulka.openStatus();
     if (es != Acad::eOk)
         throw CTogException("Nelze otevřít LayerTable pro zápis", __LINE__, __FILE__, es);
-    es = tabulka->add(id, zaznam.get());
-    tabulka->close();
+    es = tabulka->add(id, zaznam);
+    tabulka.close();
     if (es != Acad::eOk)
         throw CTogException("Nelze přidat LayerTableRecord do databáze", __LINE__, __FILE__, es);
-    AcDbLayerTableRecord* pridany = zaznam.release();
-    NastavPopisHladiny(hladina, pridany);
-    pridany->close();
+    NastavPopisHladiny(hladina, zaznam);
     return id;
 }
 

@@ -12,14 +12,12 @@ AcDbDatabase* PracovniDatabaze() { return acdbHostApplicationServices()->working
 template <class Tabulka>
 AcDbObjectId IdVTabulce(const ACHAR* nazev)
 {
-    AcDbDatabase* db = PracovniDatabaze();
-    Tabulka* tabulka = nullptr;
-    if (db == nullptr || db->getSymbolTable(tabulka, AcDb::kForRead) != Acad::eOk)
+    AcDbSymbolTablePointer<Tabulka> tabulka(PracovniDatabaze());
+    if (tabulka.openStatus() != Acad::eOk)
         throw CTogException("Nelze otevřít table for reading", __LINE__, __FILE__);
     AcDbObjectId id;
     if (nazev == nullptr || *nazev == L'\0' || tabulka->getAt(nazev, id) != Acad::eOk)
         id = AcDbObjectId::kNull;
-    tabulka->close();
     return id;
 }
 
@@ -36,24 +34,24 @@ AcDbObjectId IdKotaStylu(const ACHAR* nazev) { return IdVTabulce<AcDbDimStyleTab
 AcDbObjectId IdMLeaderStylu(const ACHAR* nazev)
 {
     AcDbDatabase* db = PracovniDatabaze();
-    AcDbDictionary* slovnik = nullptr;
-    if (db == nullptr || db->getNamedObjectsDictionary(slovnik, AcDb::kForRead) != Acad::eOk)
-        throw CTogException("Nelze otevřít AcDbDictionary pro čtení", __LINE__, __FILE__);
-    AcDbObjectId idStylu;
-    AcDbObject* objekt = nullptr;
-    Acad::ErrorStatus es = slovnik->getAt(L"ACAD_MLEADERSTYLE", objekt, AcDb::kForRead);
-    slovnik->close();
+    AcDbObjectId idSlovniku;
+    Acad::ErrorStatus es;
+    {
+        AcDbDictionaryPointer nod(db ? db->namedObjectsDictionaryId() : AcDbObjectId::kNull);
+        if (nod.openStatus() != Acad::eOk)
+            throw CTogException("Nelze otevřít AcDbDictionary pro čtení", __LINE__, __FILE__);
+        es = nod->getAt(L"ACAD_MLEADERSTYLE", idSlovniku);
+    }
     // A drawing without the dictionary of multileader styles has none of them.
     if (es == Acad::eKeyNotFound)
         return AcDbObjectId::kNull;
-    AcDbDictionary* styly = AcDbDictionary::cast(objekt);
-    if (es != Acad::eOk || styly == nullptr) {
-        if (objekt)
-            objekt->close();
+    AcDbDictionaryPointer styly(idSlovniku);
+    if (es == Acad::eOk)
+        es = styly.openStatus();
+    if (es != Acad::eOk)
         throw CTogException("Nelze otevřít AcDbDictionary pro čtení", __LINE__, __FILE__, es);
-    }
+    AcDbObjectId idStylu;
     if (nazev == nullptr || *nazev == L'\0' || styly->getAt(nazev, idStylu) != Acad::eOk)
         idStylu = AcDbObjectId::kNull;
-    styly->close();
     return idStylu;
 }

@@ -1,7 +1,6 @@
 // Text, dimension and multileader styles of the standard, created in the working database from the
 // catalogue, and the setters that give a style the catalogue's values.
 #include "StdAfx.h"
-#include <memory>
 #include "CTogAnno.h"
 #include "CTogException.h"
 #include "CTogSet.h"
@@ -52,24 +51,22 @@ int NastavTextStyl(const StdTextStyl& styl, AcDbTextStyleTableRecord* zaznam)
 
 AcDbObjectId ZalozTextStyl(const StdTextStyl& styl)
 {
-    auto zaznam = std::make_unique<AcDbTextStyleTableRecord>();
-    int soucet = zaznam->setName(styl.nazev) + NastavTextStyl(styl, zaznam.get());
+    AcDbObjectPointer<AcDbTextStyleTableRecord> zaznam;
+    zaznam.create();
+    int soucet = zaznam->setName(styl.nazev) + NastavTextStyl(styl, zaznam);
     if (soucet != 0)
         throw CTogException("Přiřazení hodnot do TextStyleRecord neproběhlo v pořádku", __LINE__, __FILE__, soucet);
 
-    AcDbTextStyleTable* tabulka = nullptr;
-    Acad::ErrorStatus es = PracovniDatabaze()->getTextStyleTable(tabulka, AcDb::kForWrite);
+    AcDbSymbolTablePointer<AcDbTextStyleTable> tabulka(PracovniDatabaze(), AcDb::kForWrite);
+    Acad::ErrorStatus es = tabulka.openStatus();
     if (es != Acad::eOk)
         throw CTogException("Nelze otevřít TexTStyleTable", __LINE__, __FILE__, es);
     AcDbObjectId id;
-    es = tabulka->add(id, zaznam.get());
-    tabulka->close();
+    es = tabulka->add(id, zaznam);
+    tabulka.close();
     if (es != Acad::eOk)
         throw CTogException("Nelze přidat TexTStyleTableRecord do databáze", __LINE__, __FILE__, es);
-    // NastavAnnotative closes the record itself when it fails.
-    AcDbTextStyleTableRecord* pridany = zaznam.release();
-    CTogAnno::NastavAnnotative(pridany);
-    pridany->close();
+    CTogAnno::NastavAnnotative(zaznam);
     return id;
 }
 
@@ -120,24 +117,22 @@ int NastavKotaStyl(const StdKotaStyl& styl, AcDbDimStyleTableRecord* zaznam)
 
 AcDbObjectId ZalozKotaStyl(const StdKotaStyl& styl)
 {
-    auto zaznam = std::make_unique<AcDbDimStyleTableRecord>();
-    int soucet = zaznam->setName(styl.nazev) + NastavKotaStyl(styl, zaznam.get());
+    AcDbObjectPointer<AcDbDimStyleTableRecord> zaznam;
+    zaznam.create();
+    int soucet = zaznam->setName(styl.nazev) + NastavKotaStyl(styl, zaznam);
     if (soucet != 0)
         throw CTogException("Přiřazení hodnot do DimStyleRecord neproběhlo v pořádku", __LINE__, __FILE__, soucet);
 
-    AcDbDimStyleTable* tabulka = nullptr;
-    Acad::ErrorStatus es = PracovniDatabaze()->getDimStyleTable(tabulka, AcDb::kForWrite);
+    AcDbSymbolTablePointer<AcDbDimStyleTable> tabulka(PracovniDatabaze(), AcDb::kForWrite);
+    Acad::ErrorStatus es = tabulka.openStatus();
     if (es != Acad::eOk)
         throw CTogException("Nelze otevřít DimStyleTable pro zápis", __LINE__, __FILE__, es);
     AcDbObjectId id;
-    es = tabulka->add(id, zaznam.get());
-    tabulka->close();
+    es = tabulka->add(id, zaznam);
+    tabulka.close();
     if (es != Acad::eOk)
         throw CTogException("Nelze přidat DimStyleRecord do databáze", __LINE__, __FILE__, es);
-    // NastavAnnotative closes the record itself when it fails.
-    AcDbDimStyleTableRecord* pridany = zaznam.release();
-    CTogAnno::NastavAnnotative(pridany);
-    pridany->close();
+    CTogAnno::NastavAnnotative(zaznam);
     return id;
 }
 
@@ -152,14 +147,12 @@ namespace {
 AcDbObjectId BlokTecky()
 {
     auto najdi = [] {
-        AcDbBlockTable* tabulka = nullptr;
-        Acad::ErrorStatus es = PracovniDatabaze()->getBlockTable(tabulka, AcDb::kForRead);
-        if (es != Acad::eOk)
-            throw CTogException("Nelze otevřít Block table for reading", __LINE__, __FILE__, es);
+        AcDbBlockTablePointer tabulka(PracovniDatabaze());
+        if (tabulka.openStatus() != Acad::eOk)
+            throw CTogException("Nelze otevřít Block table for reading", __LINE__, __FILE__, tabulka.openStatus());
         AcDbObjectId id;
         if (tabulka->getAt(L"_DOT", id) != Acad::eOk)
             id = AcDbObjectId::kNull;
-        tabulka->close();
         return id;
     };
     AcDbObjectId id = najdi();
@@ -199,36 +192,34 @@ int NastavMLeaderStyl(const StdMLeaderStyl& styl, AcDbMLeaderStyle* zaznam)
 
 AcDbObjectId ZalozMLeaderStyl(const StdMLeaderStyl& styl)
 {
-    auto zaznam = std::make_unique<AcDbMLeaderStyle>();
-    int soucet = zaznam->setName(styl.nazev) + NastavMLeaderStyl(styl, zaznam.get());
+    AcDbObjectPointer<AcDbMLeaderStyle> zaznam;
+    zaznam.create();
+    int soucet = zaznam->setName(styl.nazev) + NastavMLeaderStyl(styl, zaznam);
     if (soucet != 0)
         throw CTogException("Nepodařilo se nastavit některou z hodnot pro AcDbMLeaderStyle", __LINE__, __FILE__,
                             soucet);
     if (styl.druhSipky == 1)
         zaznam->setArrowSymbolId(BlokTecky());
 
-    AcDbDictionary* slovnik = nullptr;
-    Acad::ErrorStatus es = PracovniDatabaze()->getNamedObjectsDictionary(slovnik, AcDb::kForRead);
-    if (es != Acad::eOk)
-        throw CTogException("Nelze otevřít AcDbNamedObjectDictionary for read", __LINE__, __FILE__, es);
-    AcDbObject* objekt = nullptr;
-    es = slovnik->getAt(L"ACAD_MLEADERSTYLE", objekt, AcDb::kForWrite);
-    AcDbDictionary* styly = AcDbDictionary::cast(objekt);
-    if (es != Acad::eOk || styly == nullptr) {
-        if (objekt)
-            objekt->close();
-        slovnik->close();
-        throw CTogException("Nelze otevřít AcDbMLeaderDictionary for write", __LINE__, __FILE__, es);
+    AcDbObjectId idStylu;
+    Acad::ErrorStatus es;
+    {
+        AcDbDictionaryPointer slovnik(PracovniDatabaze()->namedObjectsDictionaryId());
+        es = slovnik.openStatus();
+        if (es != Acad::eOk)
+            throw CTogException("Nelze otevřít AcDbNamedObjectDictionary for read", __LINE__, __FILE__, es);
+        es = slovnik->getAt(L"ACAD_MLEADERSTYLE", idStylu);
     }
+    AcDbDictionaryPointer styly(idStylu, AcDb::kForWrite);
+    if (es == Acad::eOk)
+        es = styly.openStatus();
+    if (es != Acad::eOk)
+        throw CTogException("Nelze otevřít AcDbMLeaderDictionary for write", __LINE__, __FILE__, es);
     AcDbObjectId id;
-    es = styly->setAt(styl.nazev, zaznam.get(), id);
-    styly->close();
-    slovnik->close();
+    es = styly->setAt(styl.nazev, zaznam, id);
+    styly.close();
     if (es != Acad::eOk)
         throw CTogException("Nelze vytvořit otevřít AcDbMLeaderDictionary for write", __LINE__, __FILE__, es);
-    // NastavAnnotative closes the style itself when it fails.
-    AcDbMLeaderStyle* pridany = zaznam.release();
-    CTogAnno::NastavAnnotative(pridany);
-    pridany->close();
+    CTogAnno::NastavAnnotative(zaznam);
     return id;
 }

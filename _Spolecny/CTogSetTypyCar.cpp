@@ -1,6 +1,7 @@
 // Line types of the standard, loaded from the two .lin files of the installation, and the shape file
 // and text style that their symbols and texts need.
 #include "StdAfx.h"
+#include <memory>
 #include "CTogException.h"
 #include "CTogRegistry.h"
 #include "CTogSet.h"
@@ -57,50 +58,39 @@ void NactiTypCary(const ACHAR* nazev, AcDbDatabase* db)
 
 AcDbObjectId ZajistiStylShx(const ACHAR* adresar, AcDbDatabase* db)
 {
-    AcDbTextStyleTable* tabulka = nullptr;
-    if (db == nullptr || db->getTextStyleTable(tabulka, AcDb::kForRead) != Acad::eOk)
+    AcDbTextStyleTablePointer tabulka(db);
+    if (tabulka.openStatus() != Acad::eOk)
         return AcDbObjectId::kNull;
 
-    AcDbTextStyleTableIterator* iterator = nullptr;
-    if (tabulka->newIterator(iterator) != Acad::eOk || iterator == nullptr) {
-        tabulka->close();
+    AcDbTextStyleTableIterator* pIterator = nullptr;
+    if (tabulka->newIterator(pIterator) != Acad::eOk || pIterator == nullptr)
         throw CTogException("Nelze získat AcDbTextStyleTableIterator", __LINE__, __FILE__);
-    }
-    AcDbObjectId nalezeny;
-    for (; !iterator->done() && nalezeny.isNull(); iterator->step()) {
-        AcDbTextStyleTableRecord* zaznam = nullptr;
-        Acad::ErrorStatus es = iterator->getRecord(zaznam, AcDb::kForRead);
-        if (es != Acad::eOk) {
-            delete iterator;
-            tabulka->close();
+    std::unique_ptr<AcDbTextStyleTableIterator> iterator(pIterator);
+    for (; !iterator->done(); iterator->step()) {
+        AcDbObjectId id;
+        Acad::ErrorStatus es = iterator->getRecordId(id);
+        AcDbTextStyleTableRecordPointer zaznam(id);
+        if (es == Acad::eOk)
+            es = zaznam.openStatus();
+        if (es != Acad::eOk)
             throw CTogException("Nelze otevřít AcDbTextStyleTableRecord pro čtení", __LINE__, __FILE__, es);
-        }
         const ACHAR* soubor = nullptr;
         if (zaznam->fileName(soubor) == Acad::eOk && JmenoSouboru(soubor).compareNoCase(kSouborShx) == 0)
-            nalezeny = zaznam->objectId();
-        zaznam->close();
+            return id;
     }
-    delete iterator;
-    if (!nalezeny.isNull()) {
-        tabulka->close();
-        return nalezeny;
-    }
+    iterator.reset();
 
     Acad::ErrorStatus es = tabulka->upgradeOpen();
-    if (es != Acad::eOk) {
-        tabulka->close();
+    if (es != Acad::eOk)
         throw CTogException("Nelze přeotevřít AcDbTextStyleTableRecord pro zápis", __LINE__, __FILE__, es);
-    }
-    auto* zaznam = new AcDbTextStyleTableRecord;
+    AcDbTextStyleTableRecordPointer zaznam;
+    zaznam.create();
     zaznam->setFileName(AcString(adresar) + kSouborShx);
     zaznam->setIsShapeFile(true);
     es = tabulka->add(zaznam);
-    tabulka->close();
-    if (es != Acad::eOk) {
-        delete zaznam;
+    tabulka.close();
+    if (es != Acad::eOk)
         throw CTogException("Nelze přidat záznam do LineType Table", __LINE__, __FILE__, es);
-    }
-    zaznam->close();
     // The walk found nothing, and that is what the caller hears.
     return AcDbObjectId::kNull;
 }

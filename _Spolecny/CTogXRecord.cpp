@@ -37,31 +37,21 @@ resbuf* NactiJednu(const ACHAR* nazev, const ACHAR* skupina, int kod)
     return chain;
 }
 
-// The dictionary "TOGUTILS" open for write, made when it is missing or can't be opened for write.
-// Closes the named objects dictionary in every case.
-AcDbDictionary* OtevriSlovnikProZapis()
+// Opens the dictionary "TOGUTILS" for write; makes it when it is missing or can't be opened for write.
+void OtevriSlovnikProZapis(AcDbDictionaryPointer& slovnik)
 {
-    AcDbDictionary* nod = nullptr;
-    if (PracovniDatabaze()->getNamedObjectsDictionary(nod, AcDb::kForWrite) != Acad::eOk)
+    AcDbDictionaryPointer nod(PracovniDatabaze()->namedObjectsDictionaryId(), AcDb::kForWrite);
+    if (nod.openStatus() != Acad::eOk)
         throw CTogException("Nepodařilo se otevřít AcDbDictionary", __LINE__, __FILE__);
 
-    AcDbObject* objekt = nullptr;
-    if (nod->getAt(CTogXRecord::kSlovnik, objekt, AcDb::kForWrite) == Acad::eOk) {
-        if (AcDbDictionary* slovnik = AcDbDictionary::cast(objekt)) {
-            nod->close();
-            return slovnik;
-        }
-        objekt->close();
-    }
-    AcDbDictionary* novy = new AcDbDictionary;
     AcDbObjectId id;
-    if (nod->setAt(CTogXRecord::kSlovnik, novy, id) != Acad::eOk) {
-        nod->close();
-        delete novy;
+    if (nod->getAt(CTogXRecord::kSlovnik, id) == Acad::eOk && slovnik.open(id, AcDb::kForWrite) == Acad::eOk)
+        return;
+    slovnik.create();
+    if (nod->setAt(CTogXRecord::kSlovnik, slovnik, id) != Acad::eOk) {
+        slovnik.close();
         throw CTogException("Nepodařilo se vytvořit XRecord v AcDbDictionary", __LINE__, __FILE__);
     }
-    nod->close();
-    return novy;
 }
 
 } // namespace
@@ -157,20 +147,17 @@ bool CTogXRecord::UlozChain(const ACHAR* klic, resbuf* chain)
     if (chain == nullptr)
         return false;
     try {
-        AcDbDictionary* slovnik = OtevriSlovnikProZapis();
-        AcDbXrecord* zaznam = new AcDbXrecord;
+        // The record is filled before it goes in: a chain it refuses leaves the older entry as it was.
+        AcDbObjectPointer<AcDbXrecord> zaznam;
+        zaznam.create();
+        if (zaznam->setFromRbChain(*chain) != Acad::eOk)
+            return false;
+        AcDbDictionaryPointer slovnik;
+        OtevriSlovnikProZapis(slovnik);
         AcDbObjectId id;
         // setAt replaces an older entry of the same key.
-        if (slovnik->setAt(klic, zaznam, id) != Acad::eOk) {
-            slovnik->close();
-            delete zaznam;
+        if (slovnik->setAt(klic, zaznam, id) != Acad::eOk)
             throw CTogException("Nepodařilo se vytvořit záznam XRecord v AcDbDictionary", __LINE__, __FILE__);
-        }
-        slovnik->close();
-        Acad::ErrorStatus es = zaznam->setFromRbChain(*chain);
-        zaznam->close();
-        if (es != Acad::eOk)
-            return false;
         acutRelRb(chain);
         return true;
     } catch (const std::exception& e) {
@@ -182,32 +169,22 @@ bool CTogXRecord::UlozChain(const ACHAR* klic, resbuf* chain)
 bool CTogXRecord::NactiChain(const ACHAR* klic, resbuf*& chain)
 {
     chain = nullptr;
-    AcDbDictionary* nod = nullptr;
-    if (PracovniDatabaze()->getNamedObjectsDictionary(nod, AcDb::kForRead) != Acad::eOk)
-        return false;
-    AcDbObject* objekt = nullptr;
-    Acad::ErrorStatus es = nod->getAt(kSlovnik, objekt, AcDb::kForRead);
-    nod->close();
-    if (es != Acad::eOk)
-        return false;
-    AcDbDictionary* slovnik = AcDbDictionary::cast(objekt);
-    if (!slovnik) {
-        objekt->close();
-        return false;
+    AcDbObjectId idSlovniku, idZaznamu;
+    {
+        AcDbDictionaryPointer nod(PracovniDatabaze()->namedObjectsDictionaryId());
+        if (nod.openStatus() != Acad::eOk || nod->getAt(kSlovnik, idSlovniku) != Acad::eOk)
+            return false;
     }
-    es = slovnik->getAt(klic, objekt, AcDb::kForRead);
-    slovnik->close();
-    if (es != Acad::eOk)
-        return false;
-    AcDbXrecord* zaznam = AcDbXrecord::cast(objekt);
-    if (!zaznam) {
-        objekt->close();
-        return false;
+    {
+        AcDbDictionaryPointer slovnik(idSlovniku);
+        if (slovnik.openStatus() != Acad::eOk || slovnik->getAt(klic, idZaznamu) != Acad::eOk)
+            return false;
     }
+    AcDbObjectPointer<AcDbXrecord> zaznam(idZaznamu);
+    if (zaznam.openStatus() != Acad::eOk)
+        return false;
     resbuf* precteny = nullptr;
-    es = zaznam->rbChain(precteny);
-    zaznam->close();
-    if (es != Acad::eOk || precteny == nullptr) {
+    if (zaznam->rbChain(precteny) != Acad::eOk || precteny == nullptr) {
         acutRelRb(precteny);
         return false;
     }
@@ -218,25 +195,23 @@ bool CTogXRecord::NactiChain(const ACHAR* klic, resbuf*& chain)
 bool CTogXRecord::SmazZaznam(const ACHAR* nazev)
 {
     try {
-        AcDbDictionary* nod = nullptr;
-        if (PracovniDatabaze()->getNamedObjectsDictionary(nod, AcDb::kForWrite) != Acad::eOk)
+        AcDbDictionaryPointer nod(PracovniDatabaze()->namedObjectsDictionaryId(), AcDb::kForWrite);
+        if (nod.openStatus() != Acad::eOk)
             throw CTogException("Nepodařilo se otevřít AcDbDictionary", __LINE__, __FILE__);
-        AcDbObject* zaznam = nullptr;
-        if (nod->getAt(nazev, zaznam, AcDb::kForWrite) != Acad::eOk) {
+        AcDbObjectPointer<AcDbObject> zaznam;
+        AcDbObjectId id;
+        if (nod->getAt(nazev, id) != Acad::eOk || zaznam.open(id, AcDb::kForWrite) != Acad::eOk) {
             // Nothing to open: an empty dictionary takes the name, so that the erase below finds one.
-            AcDbDictionary* novy = new AcDbDictionary;
-            AcDbObjectId id;
-            if (nod->setAt(nazev, novy, id) != Acad::eOk) {
-                nod->close();
-                delete novy;
+            AcDbDictionaryPointer novy;
+            novy.create();
+            if (nod->setAt(nazev, novy, id) != Acad::eOk)
                 throw CTogException("Nepodařilo se vytvořit XRecord v AcDbDictionary", __LINE__, __FILE__);
-            }
-            zaznam = novy;
+            novy.close();
+            if (zaznam.open(id, AcDb::kForWrite) != Acad::eOk)
+                return false;
         }
-        nod->close();
-        Acad::ErrorStatus es = zaznam->erase();
-        zaznam->close();
-        return es == Acad::eOk;
+        nod.close();
+        return zaznam->erase() == Acad::eOk;
     } catch (const std::exception& e) {
         ZobrazVyjimku(e);
         return false;

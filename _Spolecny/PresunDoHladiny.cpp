@@ -2,7 +2,6 @@
 #include "StdAfx.h"
 #include "PresunDoHladiny.h"
 #include "CTogBaseNastav.h"
-#include "CTogException.h"
 
 namespace {
 
@@ -61,14 +60,8 @@ int PresunDoHladiny(AcDbObjectId idHladiny)
             if (acedSSName(sada, i, jmeno) == RTNORM && PresunEntitu(transakce, jmeno, idHladiny))
                 ++zmeneno;
         }
-    } catch (const CTogException& e) {
-        spravce->abortTransaction();
-        acDocManager->unlockDocument(dokument);
-        acedSSFree(sada);
-        ZobrazVyjimku(e);
-        throw CTogException(e);
     } catch (...) {
-        // Any other failure leaves the drawing as it was too; the edge of the caller reports it.
+        // A failure leaves the drawing as it was; the edge of the caller shows it, once.
         spravce->abortTransaction();
         acDocManager->unlockDocument(dokument);
         acedSSFree(sada);

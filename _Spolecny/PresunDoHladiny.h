@@ -5,5 +5,6 @@
 
 /// Takes the entities selected before the call, else asks for them (one pick, or many with the switch
 /// of multiple selection), and moves them to the layer in one transaction of the current document.
-/// Gives the number of entities selected; 0 when nothing was. A CTogException is shown and thrown on.
+/// Gives the number of entities selected; 0 when nothing was. A failure aborts the transaction and is
+/// thrown on to the caller, which shows it.
 int PresunDoHladiny(AcDbObjectId idHladiny);

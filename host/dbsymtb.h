@@ -467,10 +467,12 @@ public:
     Acad::ErrorStatus setDimtxt(double val);
     AcDbObjectId dimtxsty() const;
     Acad::ErrorStatus setDimtxsty(AcDbObjectId val);
-    /// The arrow block; by name the block need not exist yet (the name is kept until it does).
+    /// The arrow block; null for the closed filled default.
     AcDbObjectId dimblk() const;
-    /// The arrow's name as given ("" for the closed filled default).
+    /// The arrow block's name ("" for the closed filled default).
     const ACHAR* dimblkName() const;
+    /// By name: the drawing's block, or a predefined arrow ("_OBLIQUE", "_DOT", ...) whose block is
+    /// made as the host makes it; eKeyNotFound for another name without a block.
     Acad::ErrorStatus setDimblk(const ACHAR* val);
     Acad::ErrorStatus setDimblk(AcDbObjectId val);
     double dimlfac() const;

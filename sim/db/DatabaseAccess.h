@@ -70,7 +70,7 @@ AcDbObjectId tableId(AcDbDatabase* db, TableKind kind);
 void setTableId(AcDbDatabase* db, TableKind kind, AcDbObjectId id);
 void setNamedObjectsDictionaryId(AcDbDatabase* db, AcDbObjectId id);
 
-/// The DIM variables of a dimension style by DXF group code (DIMBLK by name under 5, else 342).
+/// The DIM variables of a dimension style by DXF group code (the arrow blocks under 342-344).
 std::map<int, AcDbDimStyleTableRecord::Value>& dimStyleValues(AcDbDimStyleTableRecord* rec);
 
 /// The DXF record name of an object ("LINE", "INSERT", ...), also for objects kept as raw tags.

@@ -1,6 +1,7 @@
 // AcDbDimStyleTableRecord: DIM variables kept by DXF group code, with the host's defaults for the
 // ones never set.
 #include "dbsymtb.h"
+#include "sim/db/ArrowBlocks.h"
 #include "sim/db/DatabaseAccess.h"
 #include "sim/db/DefineMembers.h"
 #include "sim/db/ImpDatabase.h"
@@ -8,7 +9,7 @@
 namespace {
 // DXF group codes of the DIM variables.
 enum : int {
-    kPost = 3, kBlkName = 5, kScale = 40, kAsz = 41, kExo = 42, kExe = 44, kRnd = 45, kDle = 46, kFxl = 49,
+    kPost = 3, kScale = 40, kAsz = 41, kExo = 42, kExe = 44, kRnd = 45, kDle = 46, kFxl = 49,
     kTih = 73, kToh = 74, kSe1 = 75, kSe2 = 76, kTad = 77, kZin = 78,
     kTxt = 140, kLfac = 144, kTvp = 145, kGap = 147,
     kTofl = 172, kSah = 173, kTix = 174, kSoxd = 175, kClrd = 176, kClre = 177, kClrt = 178,
@@ -112,46 +113,38 @@ Acad::ErrorStatus AcDbDimStyleTableRecord::setDimpost(const ACHAR* val) { return
 
 AcDbObjectId AcDbDimStyleTableRecord::dimblk() const
 {
-    if (const Value* v = value(kBlk); v && std::holds_alternative<AcDbObjectId>(*v))
-        return std::get<AcDbObjectId>(*v);
-    const Value* name = value(kBlkName);
-    if (!name || !std::holds_alternative<std::wstring>(*name))
-        return AcDbObjectId::kNull;
-    auto* blocks = AcDbSymbolTable::cast(AcDbImpDatabase::lookup(sim::db::tableId(databaseToUse(), sim::db::kBlockTable)));
-    AcDbObjectId id;
-    if (!blocks || blocks->getAt(std::get<std::wstring>(*name).c_str(), id) != Acad::eOk)
-        return AcDbObjectId::kNull;
-    return id;
+    const Value* v = value(kBlk);
+    return v && std::holds_alternative<AcDbObjectId>(*v) ? std::get<AcDbObjectId>(*v) : AcDbObjectId::kNull;
 }
 
 const ACHAR* AcDbDimStyleTableRecord::dimblkName() const
 {
-    if (const Value* v = value(kBlkName); v && std::holds_alternative<std::wstring>(*v))
-        return std::get<std::wstring>(*v).c_str();
-    if (const Value* v = value(kBlk); v && std::holds_alternative<AcDbObjectId>(*v))
-        if (auto* rec = AcDbSymbolTableRecord::cast(AcDbImpDatabase::lookup(std::get<AcDbObjectId>(*v)))) {
-            const ACHAR* n = nullptr;
-            rec->getName(n);
-            return n;
-        }
+    if (auto* rec = AcDbSymbolTableRecord::cast(AcDbImpDatabase::lookup(dimblk()))) {
+        const ACHAR* n = nullptr;
+        rec->getName(n);
+        return n;
+    }
     return L"";
 }
 
 Acad::ErrorStatus AcDbDimStyleTableRecord::setDimblk(const ACHAR* val)
 {
     SIM_DB_ASSERT_WRITE();
-    m_values.erase(kBlk);
-    if (!val || !*val)
-        m_values.erase(kBlkName);
-    else
-        m_values[kBlkName] = std::wstring(val);
+    if (!val || !*val) {
+        m_values.erase(kBlk);
+        return Acad::eOk;
+    }
+    // The style keeps the block; a predefined arrow's block is made when the drawing has none.
+    AcDbObjectId id = sim::db::arrowBlock(databaseToUse(), val);
+    if (id.isNull())
+        return Acad::eKeyNotFound;
+    m_values[kBlk] = id;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDimStyleTableRecord::setDimblk(AcDbObjectId val)
 {
     SIM_DB_ASSERT_WRITE();
-    m_values.erase(kBlkName);
     if (val.isNull())
         m_values.erase(kBlk);
     else

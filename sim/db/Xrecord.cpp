@@ -34,6 +34,11 @@ Acad::ErrorStatus AcDbXrecord::rbChain(resbuf*& ppRb, AcDbDatabase*) const
 Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& pRb, AcDbDatabase*)
 {
     SIM_DB_ASSERT_WRITE();
+    // Only group codes of the data of a record go in: a result type of ADS (RTSTR, ...) or a code of
+    // the record structure (0) would break the record when the drawing is saved.
+    for (const resbuf* rb = &pRb; rb; rb = rb->rbnext)
+        if (rb->restype <= 0 || rb->restype >= 1100 || sim::rbKind(rb->restype) == sim::RbKind::None)
+            return Acad::eInvalidDxfCode;
     resbuf* copy = sim::copyChain(&pRb);
     acutRelRb(m_chain);
     m_chain = copy;

@@ -73,6 +73,9 @@ sim::db::TableKind ReadContext::tableOf(Ref ref)
     case Ref::MTextStyle:
         return sim::db::kTextStyleTable;
     case Ref::Block:
+    case Ref::Arrow:
+    case Ref::Arrow1:
+    case Ref::Arrow2:
         return sim::db::kBlockTable;
     }
     return sim::db::kLayerTable;
@@ -132,6 +135,13 @@ void setReference(AcDbObject* obj, ReadContext::Ref ref, AcDbObjectId id)
         break;
     case Ref::LayerLinetype:
         sim::db::setLinetypeId(static_cast<AcDbLayerTableRecord*>(obj), id);
+        break;
+    case Ref::Arrow:
+    case Ref::Arrow1:
+    case Ref::Arrow2:
+        if (!id.isNull())
+            sim::db::dimStyleValues(static_cast<AcDbDimStyleTableRecord*>(obj))[342 + static_cast<int>(ref) -
+                                                                             static_cast<int>(Ref::Arrow)] = id;
         break;
     }
 }

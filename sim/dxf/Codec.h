@@ -25,7 +25,9 @@ public:
 
     /// A record of the table now; noted to be settled later when the table has no such name yet.
     /// False when the record's name is spelled otherwise (in another case).
-    enum class Ref { Layer, Linetype, TextStyle, MTextStyle, Block, LayerLinetype };
+    enum class Ref { Layer, Linetype, TextStyle, MTextStyle, Block, LayerLinetype, Arrow, Arrow1, Arrow2 };
+    /// The arrow kinds: a dimension style's blocks under 342, 343 and 344.
+    static bool isArrow(Ref ref) { return ref == Ref::Arrow || ref == Ref::Arrow1 || ref == Ref::Arrow2; }
     bool refer(AcDbObject* obj, Ref ref, std::string_view name);
     /// A record the reader has added to a table.
     void addName(sim::db::TableKind table, std::string_view name, AcDbObjectId id);

@@ -6,6 +6,7 @@
 #include "dbents.h"
 #include "dbobjptr.h"
 #include "sim/core/Session.h"
+#include "sim/db/ArrowBlocks.h"
 #include "sim/db/FileAccess.h"
 #include "sim/db/ImpObject.h"
 #include "sim/dxf/DxfError.h"
@@ -374,6 +375,8 @@ private:
             auto* table = AcDbSymbolTable::cast(sim::db::objectOf(sim::db::tableId(&m_db, kind)));
             if (id.isNull() && table)
                 table->getAt(sim::fromUtf8(p.name).c_str(), id);
+            if (id.isNull() && ReadContext::isArrow(p.ref))
+                id = sim::db::arrowBlock(&m_db, sim::fromUtf8(p.name));
             if (id.isNull())
                 id = makeRecord(kind, p.name);
             setReference(p.obj, p.ref, id);

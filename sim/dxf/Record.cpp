@@ -82,7 +82,7 @@ void readRecord(TagReader& reader, Record& rec)
         const Tag& t = *reader.peek();
         if (t.code == 2 && rec.type == "TABLE" && rec.body.empty()) {
             rec.body.push_back(reader.take()); // a table's name stands before its handle
-        } else if ((t.code == 5 || t.code == 105) && rec.handle.isNull()) {
+        } else if (t.code == (rec.type == "DIMSTYLE" ? 105 : 5) && rec.handle.isNull()) {
             rec.handle = t.handle();
             reader.take();
         } else if (t.code == 102 && !t.value.empty() && t.value.front() == '{') {

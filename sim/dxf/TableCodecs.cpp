@@ -405,6 +405,13 @@ protected:
     int readFields(AcDbDimStyleTableRecord& r, Fields& f, int, ReadContext& cx) const override
     {
         auto& values = sim::db::dimStyleValues(&r);
+        // Old files name the arrows (5, 6, 7) where newer ones point at their blocks (342, 343, 344).
+        constexpr int kNames[] = {5, 6, 7};
+        for (int n = 0; n < 3; ++n) {
+            std::string name(f.str(kNames[n]));
+            if (!name.empty() && !f.has(342 + n))
+                cx.refer(&r, static_cast<Ref>(static_cast<int>(Ref::Arrow) + n), name);
+        }
         for (int i = f.begin(); i < f.end(); ++i) {
             if (f.isTaken(i))
                 continue;

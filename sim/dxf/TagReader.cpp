@@ -119,7 +119,10 @@ bool TagReader::read(Tag& tag)
     tag.value = m_text.substr(start, valueEnd - start);
     tag.real = 0.0;
     tag.integer = 0;
-    convertValue(tag);
+    if (code == 0)
+        m_inDimStyle = tag.value == "DIMSTYLE";
+    if (code != 5 || !m_inDimStyle)
+        convertValue(tag);
     m_pos = next;
     m_line += 2;
     return true;

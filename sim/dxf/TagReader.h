@@ -28,6 +28,8 @@ private:
     int m_line = 1;
     Tag m_next;
     bool m_hasNext = false;
+    /// Within a DIMSTYLE record group 5 is the legacy arrow name (its handle is 105).
+    bool m_inDimStyle = false;
 };
 
 /// Parses a number of the value type of the code; throws DxfError on the tag's line when the text

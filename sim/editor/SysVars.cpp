@@ -10,7 +10,7 @@
 #include "acedads.h"
 #include "dbAnnotationScale.h"
 #include "dbObjectContextManager.h"
-#include "dbpl.h"
+#include "sim/db/ArrowBlocks.h"
 #include "sim/editor/DbNames.h"
 #include "sim/editor/InputParse.h"
 #include "sim/editor/Keywords.h"
@@ -100,38 +100,6 @@ std::optional<AcCmColor> parseColor(std::wstring_view text)
 
 std::optional<VarValue> text(std::wstring s) { return VarValue(std::move(s)); }
 
-// The block of the "_DOT" arrow, as the host makes it when DIMBLK first names it: a filled donut of
-// diameter 1 at the origin, drawn by block.
-bool makeDotBlock(AcDbDatabase& db)
-{
-    AcDbBlockTablePointer table(&db, AcDb::kForWrite);
-    if (table.openStatus() != Acad::eOk)
-        return false;
-    if (table->has(L"_DOT"))
-        return true;
-    auto* rec = new AcDbBlockTableRecord;
-    rec->setName(L"_DOT");
-    if (table->add(rec) != Acad::eOk) {
-        delete rec;
-        return false;
-    }
-    auto* donut = new AcDbPolyline(2);
-    donut->addVertexAt(0, AcGePoint2d(-0.25, 0.0), 1.0);
-    donut->addVertexAt(1, AcGePoint2d(0.25, 0.0), 1.0);
-    donut->setConstantWidth(0.5);
-    donut->setClosed(true);
-    donut->setLayer(db.layerZero());
-    donut->setColorIndex(0);
-    donut->setLineWeight(AcDb::kLnWtByBlock);
-    Acad::ErrorStatus es = rec->appendAcDbEntity(donut);
-    if (es == Acad::eOk)
-        donut->close();
-    else
-        delete donut;
-    rec->close();
-    return es == Acad::eOk;
-}
-
 // What DIMBLK may name: nothing (the closed filled arrow), a predefined arrow the host can build,
 // or a block of the drawing.
 bool setDimblk(const VarValue& v)
@@ -143,11 +111,11 @@ bool setDimblk(const VarValue& v)
     std::wstring name(trimmed(*t));
     if (name == L".")
         name.clear();
-    std::wstring up = upperCase(name);
-    if (up == L"DOT" || up == L"_DOT") {
-        if (!makeDotBlock(*db))
+    if (!sim::db::predefinedArrowName(name).empty()) {
+        if (sim::db::arrowBlock(db, name).isNull())
             return false;
-        name = L"_DOT";
+        // The variable names a predefined arrow in capitals, with its underscore.
+        name = upperCase(name[0] == L'_' ? name : L"_" + name);
     } else if (!name.empty()) {
         AcDbBlockTablePointer table(db);
         if (table.openStatus() != Acad::eOk || !table->has(name.c_str()))

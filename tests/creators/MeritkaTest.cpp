@@ -95,11 +95,11 @@ TEST_F(Meritka, ScaleOnAnEntityIsAddedOnce)
     EXPECT_TRUE(pe->annotative(text));
     text->close();
 
-    // An entity open only for read is closed and refused.
-    AcDbEntity* jenCteni = nullptr;
-    ASSERT_EQ(acdbOpenObject(jenCteni, id, AcDb::kForRead), Acad::eOk);
+    // An entity open only for read is refused and stays open for its caller to close.
+    AcDbEntityPointer jenCteni(id);
+    ASSERT_EQ(jenCteni.openStatus(), Acad::eOk);
     EXPECT_THROW(CTogAnno::PridejMeritko(jenCteni, meritko), CTogException);
-    EXPECT_FALSE(jenCteni->isReadEnabled());
+    EXPECT_TRUE(jenCteni->isReadEnabled());
 }
 
 TEST_F(Meritka, RemovalKeepsTheUsedAndTheCurrentScale)

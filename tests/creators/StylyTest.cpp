@@ -61,7 +61,9 @@ TEST_F(Styly, DimensionStyleGetsItsVariablesAndTextStyle)
     EXPECT_FALSE(styl->dimsd1());
     EXPECT_TRUE(styl->dimtofl());
     EXPECT_EQ(styl->dimclrt().colorIndex(), 0);
-    EXPECT_STREQ(styl->dimblkName(), L"_OBLIQUE");
+    // The style points at the host's block of the arrow.
+    EXPECT_STREQ(styl->dimblkName(), L"_Oblique");
+    EXPECT_FALSE(styl->dimblk().isNull());
     styl->close();
 }
 

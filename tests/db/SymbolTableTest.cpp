@@ -219,8 +219,17 @@ TEST_F(SymbolTables, DimensionStyleKeepsWhatWasSet)
     EXPECT_EQ(rec->dimdsep(), L'.');
     EXPECT_TRUE(rec->dimtofl());
     EXPECT_TRUE(rec->dimtih()); // never set: the host's default
-    EXPECT_STREQ(rec->dimblkName(), L"_DOT");
-    EXPECT_TRUE(rec->dimblk().isNull()); // no such block yet
+    // A predefined arrow gets the host's block; a name without a block is refused.
+    EXPECT_STREQ(rec->dimblkName(), L"_Dot");
+    AcDbBlockTableRecordPointer dot(L"_Dot", &db);
+    ASSERT_EQ(dot.openStatus(), Acad::eOk);
+    EXPECT_EQ(rec->dimblk(), dot->objectId());
+    EXPECT_EQ(rec->setDimblk(L"NoSuchBlock"), Acad::eKeyNotFound);
+    EXPECT_EQ(rec->dimblk(), dot->objectId());
+    EXPECT_EQ(rec->setDimblk(L"oblique"), Acad::eOk);
+    EXPECT_STREQ(rec->dimblkName(), L"_Oblique");
+    EXPECT_EQ(rec->setDimblk(L""), Acad::eOk);
+    EXPECT_TRUE(rec->dimblk().isNull());
     EXPECT_STREQ(rec->dimpost(), L"<> mm");
     AcDbDimStyleTablePointer table(&db, AcDb::kForWrite);
     ASSERT_EQ(table->add(rec), Acad::eOk);

@@ -3,6 +3,7 @@
 #include "DxfFixture.h"
 
 #include <cmath>
+#include <map>
 
 using namespace dxftest;
 
@@ -195,4 +196,39 @@ TEST_F(TableRoundTrip, StylesViewsUcsAndDimensionStyles)
     sim::db::RawTags rec = record(write(*back), dimId.handle());
     ASSERT_GE(rec.size(), 2u);
     EXPECT_EQ(rec[1].code, 105);
+}
+
+TEST_F(TableRoundTrip, ArrowsNamedByAnOldFileBecomeBlocksTheStylePointsAt)
+{
+    AcDbDatabase db;
+    AcDbObjectId dimId = add<AcDbDimStyleTable>(db, new AcDbDimStyleTableRecord, L"TG_VODA1");
+    std::string text = write(db);
+    // An older writer names the arrows under 5, 6 and 7 (5 is no handle here: that is 105).
+    size_t at = text.find("TG_VODA1\n");
+    ASSERT_NE(at, std::string::npos);
+    text.insert(at + 9, "  5\n_OBLIQUE\n  6\n_DOT\n  7\n\n");
+
+    auto back = read(text);
+    auto* d = same<AcDbDimStyleTableRecord>(*back, dimId);
+    ASSERT_TRUE(d);
+    EXPECT_STREQ(d->dimblkName(), L"_Oblique");
+    AcDbBlockTableRecordPointer oblique(d->dimblk());
+    ASSERT_EQ(oblique.openStatus(), Acad::eOk);
+    AcDbBlockTableRecordIterator* it = nullptr;
+    ASSERT_EQ(oblique->newIterator(it), Acad::eOk);
+    EXPECT_FALSE(it->done()) << "the block draws the arrow";
+    delete it;
+    oblique.close();
+
+    // Saved, the style points at the blocks and names nothing; the file reads back to itself.
+    std::string saved = write(*back);
+    std::map<int, std::string> groups;
+    for (const auto& t : record(saved, dimId.handle()))
+        groups[t.code] = t.value;
+    EXPECT_EQ(groups.count(5), 0u);
+    EXPECT_EQ(groups.count(6), 0u);
+    EXPECT_EQ(groups[342], hex(d->dimblk().handle()));
+    EXPECT_EQ(groups.count(343), 1u);
+    EXPECT_EQ(groups.count(344), 0u) << "an empty name is the default arrow";
+    roundTrip(*back);
 }

@@ -132,6 +132,21 @@ TEST_F(Vykres, ASecondWriteReplacesTheEntry)
     EXPECT_EQ(realne, 2.5);
 }
 
+TEST_F(Vykres, AChainTheRecordRefusesKeepsTheOlderValue)
+{
+    Spust();
+    ASSERT_TRUE(CTogXRecord::UlozDoX(L"PREDPONA", L"TU", L"TOGVARNIK"));
+    // A result type of ADS is no group code of a record's data; a record-structure code neither.
+    for (resbuf* spatny : {acutBuildList(RTSTR, L"VOD", 0), acutBuildList(1, L"VOD", RTDXF0, L"XRECORD", 0)}) {
+        EXPECT_FALSE(CTogXRecord::UlozChain(L"TOGVARNIK_PREDPONA", spatny));
+        acutRelRb(spatny);
+    }
+    AcString text;
+    EXPECT_TRUE(CTogXRecord::NactiZX(L"PREDPONA", text, L"TOGVARNIK"));
+    EXPECT_EQ(text, L"TU");
+    EXPECT_EQ(PocetZaznamu(), 1);
+}
+
 TEST_F(Vykres, ReadingAnotherKindThrows)
 {
     Spust();
