@@ -239,6 +239,7 @@ public:
     Acad::ErrorStatus getEndParam(double& param) const override;
     Acad::ErrorStatus getStartPoint(AcGePoint3d& point) const override;
     Acad::ErrorStatus getEndPoint(AcGePoint3d& point) const override;
+    Acad::ErrorStatus reverseCurve() override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform) override;
 
 private:

@@ -6,6 +6,7 @@
 #include "_Hlavni/ZatimNeni.h"
 #include "CTogBaseNastav.h"
 #include "PrevodyVykresu.h"
+#include "TextovePrikazy.h"
 
 namespace {
 
@@ -16,13 +17,13 @@ constexpr int kCelyVykres = CTogCmd::kModelSpace | CTogCmd::kLayouty | CTogCmd::
 
 } // namespace
 
-void PrikazCa() { ProvedPrikaz([] { PrikazZatimNeni(L"ca"); }); }
+void PrikazCa() { ProvedPrikaz(KopirujVzhled); }
 
-void PrikazRa() { ProvedPrikaz([] { PrikazZatimNeni(L"ra"); }); }
+void PrikazRa() { ProvedPrikaz([] { NatocPodle(false); }); }
 
-void PrikazRak() { ProvedPrikaz([] { PrikazZatimNeni(L"rak"); }); }
+void PrikazRak() { ProvedPrikaz([] { NatocPodle(true); }); }
 
-void PrikazMat() { ProvedPrikaz([] { PrikazZatimNeni(L"mat"); }); }
+void PrikazMat() { ProvedPrikaz(AtributyNaTexty); }
 
 void PrikazZ0()
 {
@@ -40,7 +41,7 @@ void PrikazKub()
     });
 }
 
-void PrikazTv() { ProvedPrikaz([] { PrikazZatimNeni(L"tv"); }); }
+void PrikazTv() { ProvedPrikaz(TextNaVelka); }
 
 void PrikazSsa()
 {
@@ -65,9 +66,9 @@ void PrikazLt1()
     });
 }
 
-void PrikazMtcf() { ProvedPrikaz([] { PrikazZatimNeni(L"mtcf"); }); }
+void PrikazMtcf() { ProvedPrikaz(OdstranFormatovani); }
 
-void PrikazEd() { ProvedPrikaz([] { PrikazZatimNeni(L"ed"); }); }
+void PrikazEd() { ProvedPrikaz(EditujText); }
 
 void PrikazSmazTexty()
 {

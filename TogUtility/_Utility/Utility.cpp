@@ -5,14 +5,9 @@
 #include "Utility.h"
 #include "OkrajPrikazu.h"
 #include "_Hlavni/ZatimNeni.h"
+#include "InfoEntity.h"
+#include "NacteniBodu.h"
 #include "VyskySpady.h"
-
-namespace {
-
-// The point import; forma 0 reads WGS-84 coordinates, 1 S-JTSK coordinates.
-void NactiBody(int forma) { PrikazZatimNeni(forma == 0 ? L"nactiGPS" : L"nactiJTSK"); }
-
-} // namespace
 
 void PrikazSs() { ProvedPrikaz([] { PrikazZatimNeni(L"ss"); }); }
 
@@ -20,13 +15,13 @@ void PrikazVvs() { ProvedPrikaz(HloubkaSachty); }
 
 void PrikazVvvv() { ProvedPrikaz(SpadMeziSachtami); }
 
-void PrikazLi() { ProvedPrikaz([] { PrikazZatimNeni(L"li"); }); }
+void PrikazLi() { ProvedPrikaz(UkazInfoEntity); }
 
-void PrikazPro() { ProvedPrikaz([] { PrikazZatimNeni(L"pro"); }); }
+void PrikazPro() { ProvedPrikaz(ObratKrivky); }
 
-void PrikazNactiGPS() { ProvedPrikaz([] { NactiBody(0); }); }
+void PrikazNactiGPS() { ProvedPrikaz([] { VlozBody(kFormaWgs84); }); }
 
-void PrikazNactiJTSK() { ProvedPrikaz([] { NactiBody(1); }); }
+void PrikazNactiJTSK() { ProvedPrikaz([] { VlozBody(kFormaJtsk); }); }
 
 void ZobrazCTB() {}
 

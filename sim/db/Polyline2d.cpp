@@ -230,3 +230,41 @@ Acad::ErrorStatus AcDb2dPolyline::transformBy(const AcGeMatrix3d& xform)
     m_elevation = elevation;
     return Acad::eOk;
 }
+
+Acad::ErrorStatus AcDb2dPolyline::reverseCurve()
+{
+    SIM_DB_ASSERT_WRITE();
+    // The vertex objects keep their place in the list; their values run the other way round.
+    std::vector<AcDb2dVertex*> verts;
+    for (AcDbObjectId id : m_vertices)
+        if (auto* v = AcDb2dVertex::cast(AcDbImpDatabase::lookup(id)))
+            verts.push_back(v);
+    size_t n = verts.size();
+    if (n < 2)
+        return Acad::eOk;
+    struct Values {
+        AcGePoint3d position;
+        double bulge, startWidth, endWidth;
+    };
+    std::vector<Values> old;
+    for (const AcDb2dVertex* v : verts)
+        old.push_back({v->m_position, v->m_bulge, v->m_startWidth, v->m_endWidth});
+    AcDbImpDatabase* db = AcDbImpDatabase::of(database());
+    for (size_t i = 0; i < n; ++i) {
+        // The segment that now starts at i is the old one that ended there, run backwards.
+        size_t vi = m_closed ? (n - i) % n : n - 1 - i;
+        AcDb2dVertex* v = verts[i];
+        if (db)
+            db->touch(v);
+        v->m_position = old[vi].position;
+        if (m_closed || i + 1 < n) {
+            size_t seg = m_closed ? (2 * n - i - 1) % n : n - 2 - i;
+            v->m_bulge = -old[seg].bulge;
+            v->m_startWidth = old[seg].endWidth;
+            v->m_endWidth = old[seg].startWidth;
+        } else {
+            v->m_bulge = v->m_startWidth = v->m_endWidth = 0.0;
+        }
+    }
+    return Acad::eOk;
+}

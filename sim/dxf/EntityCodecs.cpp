@@ -1,11 +1,13 @@
-// The codecs of the entities the database models: line, circle, arc, lightweight polyline, 2D
-// polyline with its vertices and end, text, multi-line text, attribute definition, attribute,
+// The codecs of the entities the database models: line, circle, arc, ellipse, spline, lightweight
+// polyline, 2D polyline with its vertices and end, text, multi-line text, attribute definition, attribute,
 // block reference, and the begin and end markers of a block definition.
 #include <memory>
 
+#include "dbelipse.h"
 #include "dbents.h"
 #include "dbmtext.h"
 #include "dbpl.h"
+#include "dbspline.h"
 #include "sim/db/FileAccess.h"
 #include "sim/dxf/Angles.h"
 #include "sim/dxf/Codec.h"
@@ -129,6 +131,135 @@ protected:
         w.subclass("AcDbArc");
         w.out.real(50, degrees(e.startAngle()));
         w.out.real(51, degrees(e.endAngle()));
+    }
+};
+
+class EllipseCodec : public EntityCodec<AcDbEllipse> {
+public:
+    std::string_view recordName() const override { return "ELLIPSE"; }
+
+protected:
+    bool accepts(Fields& f) const override
+    {
+        f.sub("AcDbEllipse");
+        const Tag* ratio = f.find(40);
+        const Tag* x = f.find(11);
+        const Tag* y = f.find(21);
+        const Tag* z = f.find(31);
+        bool axis = (x && x->real != 0.0) || (y && y->real != 0.0) || (z && z->real != 0.0);
+        return axis && (!ratio || (ratio->real > 0.0 && ratio->real <= 1.0));
+    }
+    void readFields(AcDbEllipse& e, Fields& f, ReadContext&) const override
+    {
+        f.sub("AcDbEllipse");
+        AcGePoint3d center = f.point(10);
+        AcGeVector3d major = f.vector(11, AcGeVector3d::kXAxis);
+        AcGeVector3d normal = readNormal(f);
+        double ratio = f.real(40, 1.0);
+        double start = f.real(41, 0.0);
+        double end = f.real(42, 6.283185307179586);
+        e.set(center, normal.isZeroLength() ? AcGeVector3d::kZAxis : normal.normal(), major, ratio, start, end);
+    }
+    void writeFields(const AcDbEllipse& e, ObjectWriter& w, WriteContext&) const override
+    {
+        w.subclass("AcDbEllipse");
+        w.out.point(10, e.center());
+        w.out.point(11, e.majorAxis());
+        writeNormal(w, e.normal());
+        w.out.real(40, e.radiusRatio());
+        w.out.real(41, e.startAngle());
+        w.out.real(42, e.endAngle());
+    }
+};
+
+/// Flags of SPLINE: closed, periodic, rational; the others (planar, linear) are kept as they came.
+constexpr int kSplineModel = 1 | 2 | 4;
+
+class SplineCodec : public EntityCodec<AcDbSpline> {
+public:
+    std::string_view recordName() const override { return "SPLINE"; }
+
+protected:
+    bool accepts(Fields& f) const override
+    {
+        // A definition whose counts don't agree stays as the file has it.
+        f.sub("AcDbSpline");
+        int degree = static_cast<int>(f.find(71) ? f.find(71)->integer : 3);
+        int knots = 0, weights = 0, control = 0;
+        for (int i = f.begin(); i < f.end(); ++i) {
+            int code = f.at(i).code;
+            knots += code == 40;
+            weights += code == 41;
+            control += code == 10;
+        }
+        return degree >= 1 && control > 0 && knots == control + degree + 1 && (weights == 0 || weights == control);
+    }
+    void readFields(AcDbSpline& e, Fields& f, ReadContext&) const override
+    {
+        f.sub("AcDbSpline");
+        e.setNormal(readNormal(f));
+        int flags = f.int32(70);
+        f.keepBits(70, flags & ~kSplineModel);
+        int degree = f.int32(71, 3);
+        f.take(72);
+        f.take(73);
+        f.take(74);
+        AcGeVector3d startTangent = f.vector(12, AcGeVector3d());
+        AcGeVector3d endTangent = f.vector(13, AcGeVector3d());
+        AcGePoint3dArray control, fit;
+        AcGeDoubleArray knots, weights;
+        for (int i = f.begin(); i < f.end(); ++i) {
+            if (f.isTaken(i))
+                continue;
+            const Tag& t = f.at(i);
+            switch (t.code) {
+            case 40: knots.append(t.real); break;
+            case 41: weights.append(t.real); break;
+            case 10: control.append(AcGePoint3d(t.real, 0, 0)); break;
+            case 20: if (control.length()) control[control.length() - 1].y = t.real; break;
+            case 30: if (control.length()) control[control.length() - 1].z = t.real; break;
+            case 11: fit.append(AcGePoint3d(t.real, 0, 0)); break;
+            case 21: if (fit.length()) fit[fit.length() - 1].y = t.real; break;
+            case 31: if (fit.length()) fit[fit.length() - 1].z = t.real; break;
+            default: continue;
+            }
+            f.takeAt(i);
+        }
+        // The tolerances (42, 43, 44) stay as the file wrote them.
+        if (fit.length() || !startTangent.isZeroLength() || !endTangent.isZeroLength())
+            e.setFitData(fit, degree, 0.0, startTangent, endTangent);
+        e.setNurbsData(degree, weights.length() > 0, flags & 1, flags & 2, control, knots, weights);
+    }
+    void writeFields(const AcDbSpline& e, ObjectWriter& w, WriteContext&) const override
+    {
+        int degree = 0;
+        bool rational = false, closed = false, periodic = false, tangents = false;
+        AcGePoint3dArray control, fit;
+        AcGeDoubleArray knots, weights;
+        double ctrlTol = 0, knotTol = 0, fitTol = 0;
+        e.getNurbsData(degree, rational, closed, periodic, control, knots, weights, ctrlTol, knotTol);
+        AcGeVector3d startTangent, endTangent;
+        int fitDegree = degree;
+        e.getFitData(fit, fitDegree, fitTol, tangents, startTangent, endTangent);
+        w.subclass("AcDbSpline");
+        writeNormal(w, e.normal());
+        w.out.integer(70, (closed ? 1 : 0) | (periodic ? 2 : 0) | (rational ? 4 : 0) | static_cast<int>(w.keptBits(70)));
+        w.out.integer(71, degree);
+        w.out.integer(72, knots.length());
+        w.out.integer(73, control.length());
+        w.out.integer(74, fit.length());
+        if (!startTangent.isZeroLength())
+            w.out.point(12, startTangent);
+        if (!endTangent.isZeroLength())
+            w.out.point(13, endTangent);
+        for (int i = 0; i < knots.length(); ++i)
+            w.out.real(40, knots[i]);
+        for (int i = 0; rational && i < weights.length(); ++i)
+            w.out.real(41, weights[i]);
+        for (int i = 0; i < control.length(); ++i)
+            w.out.point(10, control[i]);
+        for (int i = 0; i < fit.length(); ++i)
+            w.out.point(11, fit[i]);
     }
 };
 
@@ -557,6 +688,8 @@ std::vector<const Codec*> entityCodecs()
     static const LineCodec line;
     static const CircleCodec circle;
     static const ArcCodec arc;
+    static const EllipseCodec ellipse;
+    static const SplineCodec spline;
     static const LwPolylineCodec lwpolyline;
     static const Polyline2dCodec polyline;
     static const Vertex2dCodec vertex;
@@ -568,7 +701,7 @@ std::vector<const Codec*> entityCodecs()
     static const AttributeDefinitionCodec attdef;
     static const AttributeCodec attrib;
     static const BlockReferenceCodec insert;
-    return {&line, &circle, &arc, &lwpolyline, &polyline, &vertex, &seqend, &block, &endblk,
+    return {&line, &circle, &arc, &ellipse, &spline, &lwpolyline, &polyline, &vertex, &seqend, &block, &endblk,
             &text, &mtext, &attdef, &attrib, &insert};
 }
 
