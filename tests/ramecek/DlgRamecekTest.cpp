@@ -4,7 +4,9 @@
 
 #include "CTogRegistry.h"
 #include "CTogXRecord.h"
+#include "CTogException.h"
 #include "_Dialogs/CTgDlgRamecek.h"
+#include "_Utility/Ramecek.h"
 #include "sim/core/Session.h"
 #include "stores/SystemSRegistrem.h"
 
@@ -113,4 +115,14 @@ TEST_F(DlgRamecek, StornoNicNeuloziAEditaceNicNenacte)
     EXPECT_TRUE(Obsahuje(Zaznam(), L"259 pole [841]")) << sim::toUtf8(Zaznam());
     EXPECT_TRUE(Obsahuje(Zaznam(), L"227 [x] Netisknout [zakázáno]"));
     EXPECT_EQ(VRegistru(L"Horiz"), 841);
+}
+
+// A double click on a frame while ram runs must not build a second set of frame parameters.
+TEST(Ramecek, JenJednaInstance)
+{
+    {
+        CTogRamecek prvni;
+        EXPECT_THROW(CTogRamecek druhy, CTogException);
+    }
+    EXPECT_NO_THROW(CTogRamecek znovu);
 }
