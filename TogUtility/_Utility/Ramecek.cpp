@@ -2,6 +2,7 @@
 #include "StdAfx.h"
 #include "Ramecek.h"
 
+#include "CTogAc.h"
 #include "CTogCmd.h"
 #include "CTogEntity.h"
 #include "CTogException.h"
@@ -41,14 +42,6 @@ AcString JmenoBloku(AcDbObjectId idBloku)
     return nazev;
 }
 
-int NactiPromennou(const ACHAR* nazev)
-{
-    resbuf rb{};
-    if (acedGetVar(nazev, &rb) != RTNORM)
-        throw CTogException("Neznámá chyba při čtení systémové proměné", __LINE__, __FILE__);
-    return rb.restype == RTLONG ? static_cast<int>(rb.resval.rlong) : rb.resval.rint;
-}
-
 // The polyline of the vertices, closed, in the definition (open for write).
 void PridejPolyline(AcDbBlockTableRecord* definice, const std::vector<RamecekGeometrie::Bod>& vrcholy, double z)
 {
@@ -58,7 +51,8 @@ void PridejPolyline(AcDbBlockTableRecord* definice, const std::vector<RamecekGeo
     int chyby = cara->setPolyType(AcDb::k2dSimplePoly) + cara->makeClosed() + cara->setElevation(0.0) +
                 cara->setDefaultStartWidth(0.0) + cara->setDefaultEndWidth(0.0);
     AcDbObjectId id;
-    chyby += definice->appendAcDbEntity(id, cara.get());
+    if (chyby == Acad::eOk)
+        chyby = definice->appendAcDbEntity(id, cara.get());
     if (chyby != Acad::eOk)
         throw CTogException("Nelze vytvořit rámeček", __LINE__, __FILE__, chyby);
     AcDbObjectPointer<AcDb2dPolyline> vDatabazi;
@@ -84,7 +78,8 @@ void PridejAtribut(AcDbBlockTableRecord* definice, const ACHAR* tag, const ACHAR
                 atribut->setVerifiable(false) + atribut->setPreset(false) + atribut->setFieldLength(25) +
                 atribut->setInvisible(neviditelny);
     AcDbObjectId id;
-    chyby += definice->appendAcDbEntity(id, atribut.get());
+    if (chyby == Acad::eOk)
+        chyby = definice->appendAcDbEntity(id, atribut.get());
     if (chyby != Acad::eOk)
         throw CTogException("Nelze vytvořit atribut rámečku", __LINE__, __FILE__, chyby);
     atribut.release()->close();
@@ -251,7 +246,7 @@ void CTogRamecek::VytvorBlok(AcString& nazev)
     }
 
     // On a layout the frame is the paper size; in model space it grows with the annotation scale.
-    const bool model = NactiPromennou(L"TILEMODE") != 0;
+    const bool model = CTogAc::NactiPromennou(L"TILEMODE") != 0;
     const double meritko = model ? CTogFunkceDWG::MeritkoAnotace() : 1.0;
     PopisBloku popis;
     popis.blok = idBloku;
@@ -262,7 +257,7 @@ void CTogRamecek::VytvorBlok(AcString& nazev)
     popis.meritkoY = meritko;
 
     AcDbBlockTableRecordPointer prostor;
-    if (!model && NactiPromennou(L"CVPORT") == 1)
+    if (!model && CTogAc::NactiPromennou(L"CVPORT") == 1)
         prostor.open(acdbLayoutManager()->getActiveLayoutBTRId(db), AcDb::kForWrite);
     else
         prostor.open(ACDB_MODEL_SPACE, db, AcDb::kForWrite);

@@ -292,9 +292,22 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_SETFOCUS: OnSetFocus(FromHandle(reinterpret_cast<HWND>(wParam))); return 0;
     case WM_KILLFOCUS: OnKillFocus(FromHandle(reinterpret_cast<HWND>(wParam))); return 0;
     case WM_PAINT: OnPaint(); return 0;
-    case WM_VSCROLL:
-        OnVScroll(LOWORD(wParam), HIWORD(wParam), static_cast<CScrollBar*>(FromHandle(reinterpret_cast<HWND>(lParam))));
+    case WM_VSCROLL: {
+        // A control of another class (a spin button) comes as a temporary CScrollBar of its handle,
+        // as MFC hands out temporary objects for handles.
+        CWnd* from = FromHandle(reinterpret_cast<HWND>(lParam));
+        CScrollBar temporary;
+        CScrollBar* bar = dynamic_cast<CScrollBar*>(from);
+        if (!bar && from) {
+            temporary.m_hWnd = from->m_hWnd;
+            temporary.m_pCtl = from->m_pCtl;
+            bar = &temporary;
+        }
+        OnVScroll(LOWORD(wParam), HIWORD(wParam), bar);
+        temporary.m_hWnd = nullptr;
+        temporary.m_pCtl = nullptr;
         return 0;
+    }
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
         return reinterpret_cast<LRESULT>(CtlColor(reinterpret_cast<CDC*>(wParam),
