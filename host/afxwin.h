@@ -289,6 +289,18 @@ public:
     BOOL HideBalloonTip();
 };
 
+/// A drop-down list: its items in order and the selected one (-1 for none, CB_ERR).
+class CComboBox : public CWnd {
+public:
+    /// Gives the index of the new item.
+    int AddString(LPCWSTR lpszString);
+    void ResetContent();
+    int GetCount() const;
+    int GetCurSel() const;
+    /// Gives the index, or -1 (CB_ERR) for one out of range, which clears the selection.
+    int SetCurSel(int nSelect);
+};
+
 // ---------------------------------------------------------------------------------------------
 // Dialogs
 

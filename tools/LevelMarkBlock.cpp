@@ -1,9 +1,10 @@
-// The level mark block. In block coordinates the level point is the origin; the mark is drawn at
-// the end of a leader along +X, above the line, with its texts to the right. The actions of each
-// entity bring it to the other cases, in this order: the mark mirrored about its own tip
-// (ZRC_HORIZ), below the line (ZRC_VERT for the lines, ZRC_TEXTU for the texts), moved to the
-// leader's length (DL_ODKAZU), all of it mirrored to the left of the level point (ZRC_HORIZ_ODKAZU).
-// The leader shows only "S odkazem".
+// The level mark block. In block coordinates the mark's tip is the origin: the triangle above the
+// level line, the shelf with the level above it and the note under it to the right, and a leader
+// that runs from the tip back to the levelled point along -X (the command drags the mark away from
+// the point it levels). The actions of each entity bring it to the other cases, in this order: the
+// mark mirrored about its tip (ZRC_HORIZ), below the line (ZRC_VERT for the lines, ZRC_TEXTU for the
+// texts), the leader's end moved to its length (DL_ODKAZU), all of it mirrored about the tip when
+// the leader runs the other way (ZRC_HORIZ_ODKAZU). The leader shows only "S odkazem".
 #include "tools/LevelMarkBlock.h"
 
 #include <cmath>
@@ -39,20 +40,11 @@ DynamicAction flip(const wchar_t* property, double x, double angle)
     return a;
 }
 
-DynamicAction along(DynamicAction::Kind kind)
-{
-    DynamicAction a;
-    a.kind = kind;
-    a.property = L"DL_ODKAZU";
-    a.x = 1.0;
-    return a;
-}
-
 /// The actions of a part of the mark: a line (ZRC_VERT) or a text (ZRC_TEXTU).
 std::vector<DynamicAction> markActions(bool text)
 {
-    return {flip(L"ZRC_HORIZ", kLeaderLength, kQuarterTurn), flip(text ? L"ZRC_TEXTU" : L"ZRC_VERT", 0.0, 0.0),
-            along(DynamicAction::kMove), flip(L"ZRC_HORIZ_ODKAZU", 0.0, kQuarterTurn)};
+    return {flip(L"ZRC_HORIZ", 0.0, kQuarterTurn), flip(text ? L"ZRC_TEXTU" : L"ZRC_VERT", 0.0, 0.0),
+            flip(L"ZRC_HORIZ_ODKAZU", 0.0, kQuarterTurn)};
 }
 
 std::vector<DynamicAction> leaderActions()
@@ -61,9 +53,12 @@ std::vector<DynamicAction> leaderActions()
     visible.kind = DynamicAction::kVisible;
     visible.property = L"ODKAZ";
     visible.value = kWithLeader;
-    DynamicAction end = along(DynamicAction::kStretch);
-    end.minX = kLeaderLength - 0.5;
-    end.maxX = kLeaderLength + 0.5;
+    DynamicAction end;
+    end.kind = DynamicAction::kStretch;
+    end.property = L"DL_ODKAZU";
+    end.x = -1.0;
+    end.minX = -kLeaderLength - 0.5;
+    end.maxX = -kLeaderLength + 0.5;
     end.minY = -0.5;
     end.maxY = 0.5;
     return {visible, end, flip(L"ZRC_HORIZ_ODKAZU", 0.0, kQuarterTurn)};
@@ -132,23 +127,23 @@ AcDbAttributeDefinition* attribute(const wchar_t* tag, const wchar_t* prompt, co
 void drawLevelMarkBlock(AcDbDatabase& db)
 {
     AcDbBlockTableRecordPointer space(ACDB_MODEL_SPACE, &db, AcDb::kForWrite);
-    const double tip = kLeaderLength, h = kTriangleHeight;
+    const double h = kTriangleHeight;
 
-    add(*space, new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(tip, 0, 0)), leaderActions());
+    add(*space, new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(-kLeaderLength, 0, 0)), leaderActions());
 
     auto* triangle = new AcDbPolyline;
-    triangle->addVertexAt(0, AcGePoint2d(tip, 0));
-    triangle->addVertexAt(1, AcGePoint2d(tip - kHalfBase, h));
-    triangle->addVertexAt(2, AcGePoint2d(tip + kHalfBase, h));
+    triangle->addVertexAt(0, AcGePoint2d(0, 0));
+    triangle->addVertexAt(1, AcGePoint2d(-kHalfBase, h));
+    triangle->addVertexAt(2, AcGePoint2d(kHalfBase, h));
     triangle->setClosed(true);
     add(*space, triangle, markActions(false));
-    add(*space, new AcDbLine(AcGePoint3d(tip - kHalfBase, h, 0), AcGePoint3d(tip - kHalfBase + kShelfLength, h, 0)),
+    add(*space, new AcDbLine(AcGePoint3d(-kHalfBase, h, 0), AcGePoint3d(-kHalfBase + kShelfLength, h, 0)),
         markActions(false));
 
-    add(*space, attribute(L"VYSKA", L"Výška", AcGePoint3d(tip - kHalfBase, h + kGap, 0), kLevelTextHeight, AcDb::kTextBottom, db),
+    add(*space, attribute(L"VYSKA", L"Výška", AcGePoint3d(-kHalfBase, h + kGap, 0), kLevelTextHeight, AcDb::kTextBottom, db),
         markActions(true));
     add(*space,
-        attribute(L"POPIS", L"Popis pod čarou", AcGePoint3d(tip + kHalfBase + kGap, h - kGap, 0), kNoteTextHeight,
+        attribute(L"POPIS", L"Popis pod čarou", AcGePoint3d(kHalfBase + kGap, h - kGap, 0), kNoteTextHeight,
                   AcDb::kTextTop, db),
         markActions(true));
 

@@ -1,6 +1,6 @@
 // The level mark block tg_kacena, drawn into a drawing's model space as its block file holds it: the
 // triangle on the level line, the shelf with the level above it and a note under it, a leader of
-// variable length, and the dynamic properties that flip and stretch them.
+// variable length back to the levelled point, and the dynamic properties that flip and stretch them.
 #pragma once
 
 class AcDbDatabase;

@@ -51,7 +51,7 @@ const wchar_t* contextDataRecord(const AcRxObject* obj)
 bool canBeAnnotative(const AcRxObject* obj)
 {
     return contextDataRecord(obj) || AcDbTextStyleTableRecord::cast(obj) || AcDbDimStyleTableRecord::cast(obj) ||
-           AcDbMLeaderStyle::cast(obj);
+           AcDbMLeaderStyle::cast(obj) || AcDbBlockTableRecord::cast(obj);
 }
 
 AcDbObjectId entryOf(AcDbObjectId dictId, const wchar_t* key)
@@ -217,6 +217,14 @@ Acad::ErrorStatus AcDbObjectContextInterface::addContext(AcDbObject* pObject, co
     else
         delete data;
     dict->close();
+    // A reference shows at its first scale: its block drawn in paper units, enlarged to the drawing.
+    auto* ref = AcDbBlockReference::cast(pObject);
+    auto* shown = sim::db::Scale::cast(sim::db::objectOf(scale));
+    if (es == Acad::eOk && first && ref && shown && shown->paperUnits > 0.0) {
+        const double k = shown->drawingUnits / shown->paperUnits;
+        const AcGeScale3d s = ref->scaleFactors();
+        ref->setScaleFactors(AcGeScale3d(s.sx * k, s.sy * k, s.sz * k));
+    }
     return es;
 }
 

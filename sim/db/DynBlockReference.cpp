@@ -159,21 +159,23 @@ bool apply(AcDbEntity& e, const std::vector<DynamicAction>& actions, const std::
                     e.transformBy(m);
             }
             break;
-        case DynamicAction::kMove:
         case DynamicAction::kStretch: {
             double d = numberOf(value->value) - numberOf(def->value);
             AcGeVector3d by(a.x * d, a.y * d, 0.0);
-            if (by.isZeroLength())
-                break;
-            if (a.kind == DynamicAction::kMove)
-                e.transformBy(AcGeMatrix3d::translation(by));
-            else
+            if (!by.isZeroLength())
                 stretch(e, a, by);
             break;
         }
         }
     }
     return true;
+}
+
+/// The X scale of a reference, as a length: distances of its block are this many drawing units.
+double referenceScale(const AcDbBlockReference& ref)
+{
+    const double sx = std::fabs(ref.scaleFactors().sx);
+    return sx > 0.0 ? sx : 1.0;
 }
 
 AcDbObjectId idOfHandle(AcDbDatabase* db, const wchar_t* hex)
@@ -207,6 +209,10 @@ AcDbObjectId buildRepresentation(AcDbDatabase* db, AcDbObjectId definitionId, co
     Chain tag(acutBuildList(AcDb::kDxfRegAppName, kBlockRepApp, AcDb::kDxfXdInteger16, 1, AcDb::kDxfXdHandle, handle, 0),
               acutRelRb);
     rep->setXData(tag.get());
+    // An annotative definition shows through an annotative block.
+    Chain annotative(def->xData(L"AcadAnnotative"), acutRelRb);
+    if (annotative)
+        rep->setXData(annotative.get());
     for (AcDbObjectId id : entityIds(def.object())) {
         AcDbEntityPointer src(id, AcDb::kForRead);
         if (src.openStatus() != Acad::eOk)
@@ -291,6 +297,11 @@ std::vector<DynamicProperty> currentProperties(const AcDbBlockReference& ref, Ac
     if (!def)
         return {};
     std::vector<DynamicProperty> props = dynamicProperties(*def);
+    // Distances read in the drawing's units: the definition's, in block units, scaled as the
+    // reference is.
+    for (DynamicProperty& p : props)
+        if (p.value.kind == DynamicValue::kReal)
+            p.value.real *= referenceScale(ref);
     for (const DynamicProperty& own : dynamicProperties(ref))
         for (DynamicProperty& p : props)
             if (p.name == own.name && p.value.kind == own.value.kind)
@@ -304,7 +315,11 @@ Acad::ErrorStatus showCurrentValues(AcDbBlockReference& ref)
     AcDbObjectId def = dynamicDefinitionOf(old);
     if (def.isNull())
         return Acad::eNotApplicable;
-    AcDbObjectId rep = buildRepresentation(ref.database(), def, currentProperties(ref, def));
+    std::vector<DynamicProperty> values = currentProperties(ref, def);
+    for (DynamicProperty& p : values)
+        if (p.value.kind == DynamicValue::kReal)
+            p.value.real /= referenceScale(ref);
+    AcDbObjectId rep = buildRepresentation(ref.database(), def, values);
     if (rep.isNull())
         return Acad::eInvalidContext;
     Acad::ErrorStatus es = ref.setBlockTableRecord(rep);

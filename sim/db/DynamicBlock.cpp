@@ -103,7 +103,7 @@ resbuf* dynamicPropertiesXData(const std::vector<DynamicProperty>& properties, b
 
 namespace {
 
-const wchar_t* const kKindNames[] = {L"visible", L"flip", L"move", L"stretch"};
+const wchar_t* const kKindNames[] = {L"visible", L"flip", L"stretch"};
 
 const wchar_t* textOf(const resbuf* rb)
 {
@@ -136,7 +136,7 @@ std::vector<DynamicAction> dynamicActions(const AcDbObject& obj)
         DynamicAction a;
         a.property = property;
         int k = 0;
-        while (k < 4 && std::wstring(kind) != kKindNames[k])
+        while (k < 3 && std::wstring(kind) != kKindNames[k])
             ++k;
         rb = rb->rbnext->rbnext;
         bool ok = true;
@@ -150,9 +150,6 @@ std::vector<DynamicAction> dynamicActions(const AcDbObject& obj)
             break;
         case DynamicAction::kFlip:
             ok = reals(rb, std::array<double*, 3>{&a.x, &a.y, &a.angle}.data(), 3);
-            break;
-        case DynamicAction::kMove:
-            ok = reals(rb, std::array<double*, 2>{&a.x, &a.y}.data(), 2);
             break;
         case DynamicAction::kStretch:
             ok = reals(rb, std::array<double*, 6>{&a.x, &a.y, &a.minX, &a.minY, &a.maxX, &a.maxY}.data(), 6);
@@ -186,10 +183,6 @@ resbuf* dynamicActionsXData(const std::vector<DynamicAction>& actions)
             break;
         case DynamicAction::kFlip:
             for (double v : {a.x, a.y, a.angle})
-                append(real(v));
-            break;
-        case DynamicAction::kMove:
-            for (double v : {a.x, a.y})
                 append(real(v));
             break;
         case DynamicAction::kStretch:

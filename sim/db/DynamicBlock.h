@@ -55,17 +55,16 @@ std::vector<DynamicProperty> dynamicProperties(const AcDbObject& obj);
 resbuf* dynamicPropertiesXData(const std::vector<DynamicProperty>& properties, bool definition);
 
 /// What one property does to one entity of the definition. In extended data each action is 1000
-/// its kind ("visible", "flip", "move", "stretch"), 1000 the property, then by kind: visible 1000
-/// the text value at which the entity shows; flip 1040 x, y and the angle of the mirror line, the
-/// entity mirrored while the value is not 0; move 1040 dx, dy, the entity moved by (value -
-/// default) times (dx, dy); stretch the same and 1040 min x, min y, max x, max y of a frame, only
-/// the points in the frame moved.
+/// its kind ("visible", "flip", "stretch"), 1000 the property, then by kind: visible 1000 the text
+/// value at which the entity shows; flip 1040 x, y and the angle of the mirror line, the entity
+/// mirrored while the value is not 0; stretch 1040 dx, dy and min x, min y, max x, max y of a frame,
+/// the points of the entity in the frame moved by (value - default) times (dx, dy).
 struct DynamicAction {
-    enum Kind { kVisible, kFlip, kMove, kStretch };
+    enum Kind { kVisible, kFlip, kStretch };
     Kind kind = kVisible;
     std::wstring property;
     std::wstring value;           ///< visible
-    double x = 0.0, y = 0.0;      ///< flip: a point of the mirror line; move, stretch: the direction
+    double x = 0.0, y = 0.0;      ///< flip: a point of the mirror line; stretch: the direction
     double angle = 0.0;           ///< flip
     double minX = 0.0, minY = 0.0, maxX = 0.0, maxY = 0.0; ///< stretch
     bool operator==(const DynamicAction&) const = default;
@@ -79,7 +78,8 @@ resbuf* dynamicActionsXData(const std::vector<DynamicAction>& actions);
 /// The dynamic block a block table record stands for: itself when it is a dynamic definition, the
 /// definition an anonymous representation names, else null.
 AcDbObjectId dynamicDefinitionOf(AcDbObjectId btrId);
-/// The current values of a reference: the definition's properties with the reference's values.
+/// The current values of a reference: the definition's properties with the reference's values;
+/// distances in drawing units (the definition's default times the reference's X scale).
 std::vector<DynamicProperty> currentProperties(const AcDbBlockReference& ref, AcDbObjectId definition);
 /// Makes the reference (open for write) show its values: a new anonymous block built from the
 /// definition, the reference pointed to it, its attributes moved where their definitions went. An

@@ -231,3 +231,32 @@ BOOL CToolTipCtrl::AddTool(CWnd* pWnd, LPCWSTR lpszText)
 }
 
 void CToolTipCtrl::Activate(BOOL bActivate) { m_active = bActivate; }
+
+// ---------------------------------------------------------------------------------------------
+
+int CComboBox::AddString(LPCWSTR lpszString)
+{
+    AFX_CTLSTATE& s = st(this);
+    sim::ui::Item item;
+    item.text = lpszString ? lpszString : L"";
+    s.items.push_back(item);
+    return static_cast<int>(s.items.size()) - 1;
+}
+
+void CComboBox::ResetContent()
+{
+    AFX_CTLSTATE& s = st(this);
+    s.items.clear();
+    s.selectedItem = -1;
+}
+
+int CComboBox::GetCount() const { return static_cast<int>(st(this).items.size()); }
+
+int CComboBox::GetCurSel() const { return st(this).selectedItem; }
+
+int CComboBox::SetCurSel(int nSelect)
+{
+    AFX_CTLSTATE& s = st(this);
+    s.selectedItem = nSelect >= 0 && nSelect < static_cast<int>(s.items.size()) ? nSelect : -1;
+    return s.selectedItem;
+}
