@@ -124,6 +124,16 @@ class Ram(unittest.TestCase):
                                      ("TOGU_RAMECEK_2", (0, 0))])
             self.assertEqual(attdefs(doc.blocks.get("TOGU_RAMECEK_2"))["POP_RAM"].dxf.text, "1188 x 841 - 18 A4")
 
+    def test_scale_follows_the_annotation_scale_in_model_space_only(self):
+        with tempfile.TemporaryDirectory() as tmp:
+            out_path = os.path.join(tmp, "out.dxf")
+            frame = "ram\nN\nset 259 420\nset 111 297\nok\n"
+            self.run_ok(tmp, "_SETVAR\nCANNOSCALE\n1:50\n" + frame + "_SETVAR\nTILEMODE\n0\n" + frame,
+                        "-o", out_path)
+            doc = ezdxf.readfile(out_path)
+            self.assertEqual([r.dxf.xscale for r in doc.modelspace().query("INSERT")], [50])
+            self.assertEqual([r.dxf.xscale for r in doc.layout("Layout1").query("INSERT")], [1])
+
     def test_double_click_rebuilds_a_frame(self):
         with tempfile.TemporaryDirectory() as tmp:
             out_path = os.path.join(tmp, "out.dxf")
