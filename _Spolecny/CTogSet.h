@@ -143,6 +143,8 @@ AcDbObjectId ZalozUzivHladinu(AcString& nazev, int barva, const ACHAR* typCary, 
                               bool tisknout);
 /// The text style of the drawing, else created from the catalogue; the null id when it is in neither.
 AcDbObjectId ZiskejTextStyl(const ACHAR* nazev);
+/// The multileader style of the drawing, else created from the catalogue; the null id when it is in neither.
+AcDbObjectId ZiskejMLeaderStyl(const ACHAR* nazev);
 AcDbObjectId ZalozTextStyl(const StdTextStyl& styl);
 AcDbObjectId ZalozKotaStyl(const StdKotaStyl& styl);
 AcDbObjectId ZalozMLeaderStyl(const StdMLeaderStyl& styl);

@@ -59,6 +59,7 @@
 #define WM_TIMER 0x0113
 
 #define WM_INITDIALOG 0x0110
+#define WM_VSCROLL 0x0115
 #define WM_CTLCOLOREDIT 0x0133
 #define WM_CTLCOLORSTATIC 0x0138
 #define CTLCOLOR_EDIT 1
@@ -68,6 +69,12 @@
 #define COLOR_WINDOW 5
 #define COLOR_WINDOWTEXT 8
 #define COLOR_HOTLIGHT 26
+
+// Scroll codes of WM_VSCROLL (low word of wParam; the high word is the position).
+#define SB_LINEUP 0
+#define SB_LINEDOWN 1
+#define SB_THUMBPOSITION 4
+#define SB_ENDSCROLL 8
 
 // The window classes of dialog controls.
 #define WC_BUTTONW L"Button"
@@ -293,12 +300,16 @@ protected:
     virtual void OnLButtonDblClk(UINT nFlags, CPoint point);
     virtual void OnMouseMove(UINT nFlags, CPoint point);
     virtual void OnTimer(UINT_PTR nIDEvent);
+    /// WM_VSCROLL from a vertical scroll bar or spin button of this window (pScrollBar is that control).
+    virtual void OnVScroll(UINT nSBCode, UINT nPos, class CScrollBar* pScrollBar);
 
     friend class CDialog;
     friend struct AFX_DLGSTATE;
 };
 
 class CStatic : public CWnd {};
+
+class CScrollBar : public CWnd {};
 
 class CButton : public CWnd {
 public:

@@ -2,6 +2,7 @@
 // the dialog shown in the transcript and driven by script lines until it ends.
 #include "sim/ui/DialogRunner.h"
 
+#include <algorithm>
 #include <cwctype>
 #include <map>
 #include <sstream>
@@ -465,7 +466,10 @@ bool mouseOrKey(CDialog& dlg, const std::wstring& verb, std::wistringstream& in)
     return true;
 }
 
-// spin <id> up|down: one step of an up-down control, asked of the parent first.
+// spin <id> up|down: a click on an arrow of an up-down control. As the real control does, it asks the
+// parent first (UDN_DELTAPOS, which may change the step or refuse it), moves the position within the
+// range (up towards the upper end) and tells the parent with WM_VSCROLL; at the end of the range it
+// sends nothing.
 bool spin(CDialog& dlg, std::wistringstream& in)
 {
     std::wstring idText, direction;
@@ -483,12 +487,22 @@ bool spin(CDialog& dlg, std::wistringstream& in)
         say(L"Prvek " + idText + L" není číselník.");
         return false;
     }
+    int krok = direction == L"UP" ? 1 : -1;
+    if (c->spinLower > c->spinUpper)
+        krok = -krok;
     NMUPDOWN nm{};
     nm.hdr = NMHDR{c->hwnd, static_cast<UINT_PTR>(c->id), UDN_DELTAPOS};
     nm.iPos = c->spinPos;
-    nm.iDelta = direction == L"UP" ? 1 : -1;
-    if (dlg.SendMessage(WM_NOTIFY, static_cast<WPARAM>(c->id), reinterpret_cast<LPARAM>(&nm)) == 0)
-        static_cast<CSpinButtonCtrl*>(dlg.GetDlgItem(c->id))->SetPos32(nm.iPos + nm.iDelta);
+    nm.iDelta = krok;
+    if (dlg.SendMessage(WM_NOTIFY, static_cast<WPARAM>(c->id), reinterpret_cast<LPARAM>(&nm)) != 0)
+        return true;
+    const int pos = std::clamp(nm.iPos + nm.iDelta, std::min(c->spinLower, c->spinUpper), std::max(c->spinLower, c->spinUpper));
+    if (pos == c->spinPos)
+        return true;
+    c->spinPos = pos;
+    const LPARAM od = reinterpret_cast<LPARAM>(c->hwnd);
+    dlg.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, static_cast<WORD>(pos)), od);
+    dlg.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_ENDSCROLL, static_cast<WORD>(pos)), od);
     return true;
 }
 

@@ -404,6 +404,22 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     }
     case WM_TIMER: OnTimer(static_cast<UINT_PTR>(wParam)); return 0;
+    case WM_VSCROLL: {
+        // A control of another class (a spin button) comes as a temporary CScrollBar of its handle,
+        // as MFC hands out temporary objects for handles.
+        CWnd* from = FromHandle(reinterpret_cast<HWND>(lParam));
+        CScrollBar temporary;
+        CScrollBar* bar = dynamic_cast<CScrollBar*>(from);
+        if (!bar && from) {
+            temporary.m_hWnd = from->m_hWnd;
+            temporary.m_pCtl = from->m_pCtl;
+            bar = &temporary;
+        }
+        OnVScroll(LOWORD(wParam), HIWORD(wParam), bar);
+        temporary.m_hWnd = nullptr;
+        temporary.m_pCtl = nullptr;
+        return 0;
+    }
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
         return reinterpret_cast<LRESULT>(CtlColor(reinterpret_cast<CDC*>(wParam),
@@ -416,6 +432,7 @@ BOOL CWnd::OnCommand(WPARAM, LPARAM) { return FALSE; }
 BOOL CWnd::OnNotify(WPARAM, LPARAM, LRESULT*) { return FALSE; }
 BOOL CWnd::OnChildNotify(UINT, WPARAM, LPARAM, LRESULT*) { return FALSE; }
 HBRUSH CWnd::CtlColor(CDC*, UINT) { return nullptr; }
+void CWnd::OnVScroll(UINT, UINT, CScrollBar*) {}
 
 void CWnd::OnChar(UINT nChar, UINT, UINT)
 {
