@@ -346,8 +346,7 @@ AttributeFields readAttributeFields(Fields& f)
                 if (t.integer != 0)
                     f.keepValue(280, t.value);
                 version = true;
-            }
-            else if (!lock) {
+            } else if (!lock) {
                 a.locked = t.integer != 0;
                 lock = true;
             } else

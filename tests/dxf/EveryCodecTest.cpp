@@ -1,7 +1,7 @@
-// Every codec, field by field: a record of each kind is read from its bare frame (the codec writes
-// its defaults), then each group it writes is given another value in turn; written, read and written
-// again, the record must come back as it was given, and no group may be both kept (as a group the
-// reader left) and written by the codec.
+// Every codec, field by field: a record of each kind, as a new drawing has it or read from its bare
+// frame (the codec writes its defaults), has each group it writes given another value in turn;
+// written, read and written again, the record must come back as it was given, and no group may be
+// both kept (as a group the reader left) and written by the codec.
 #include "DxfFixture.h"
 
 #include <map>
@@ -31,7 +31,6 @@ std::string describe(const sim::db::RawTags& tags)
     return s;
 }
 
-
 /// A record of a codec's kind in a drawing's text: one the new drawing has, else a bare frame put
 /// at its place; the text with the record as given.
 class Sample {
@@ -41,6 +40,7 @@ public:
         m_name = std::string(c.recordName());
         const int handleCode = m_name == "DIMSTYLE" ? 105 : 5;
         std::string head = "  0\n" + m_name + "\n" + (handleCode == 5 ? "  5" : "105") + "\n";
+        // (The drawing's first dictionary is the root of its objects: a bare one is swept instead.)
         if (size_t at = m_text.find(head); at != std::string::npos && m_name != "DICTIONARY") {
             size_t end = m_text.find('\n', at + head.size());
             m_handle = m_text.substr(at + head.size(), end - at - head.size());
