@@ -28,15 +28,6 @@ AcDbObjectId AktivniLayout(AcDbDatabase* db)
     return spravce ? spravce->getActiveLayoutBTRId(db) : AcDbObjectId::kNull;
 }
 
-// The new id of the pair whose old id is `stare`; null when no pair has it or its new id is null.
-AcDbObjectId NoveId(const ParyId& pary, AcDbObjectId stare)
-{
-    for (const auto& [puvodni, nove] : pary)
-        if (puvodni == stare && !nove.isNull())
-            return nove;
-    return AcDbObjectId::kNull;
-}
-
 // Aborts the walker's transaction and those started inside it and left open.
 void ZrusTransakci(AcDbDatabase* db, AcTransaction* transakce)
 {
@@ -51,6 +42,14 @@ void ZrusTransakci(AcDbDatabase* db, AcTransaction* transakce)
 }
 
 } // namespace
+
+AcDbObjectId NoveId(const ParyId& pary, AcDbObjectId stare)
+{
+    for (const auto& [puvodni, nove] : pary)
+        if (puvodni == stare && !nove.isNull())
+            return nove;
+    return AcDbObjectId::kNull;
+}
 
 ProjdiDwgFce::ProjdiDwgFce(AcDbDatabase* db) : m_pDb(db) {}
 
@@ -218,9 +217,9 @@ Adesk::Int32 ZmenTS_DS_MLS::Zpracuj(AcDbObjectId id)
             zmena(odkaz->setTextStyleId(styl));
         if (AcDbObjectId styl = NoveId(mleaderStyly, odkaz->MLeaderStyle()); !styl.isNull())
             zmena(odkaz->setMLeaderStyle(styl));
-    } else if (AcDbAttribute* atribut = AcDbAttribute::cast(entita)) {
-        if (AcDbObjectId styl = NoveId(textStyly, atribut->textStyle()); !styl.isNull())
-            zmena(atribut->setTextStyle(styl));
+    } else if (AcDbText* text = AcDbText::cast(entita)) { // texts, attributes and their definitions
+        if (AcDbObjectId styl = NoveId(textStyly, text->textStyle()); !styl.isNull())
+            zmena(text->setTextStyle(styl));
     } else if (AcDbMText* mtext = AcDbMText::cast(entita)) {
         if (AcDbObjectId styl = NoveId(textStyly, mtext->textStyle()); !styl.isNull())
             zmena(mtext->setTextStyle(styl));
@@ -229,6 +228,11 @@ Adesk::Int32 ZmenTS_DS_MLS::Zpracuj(AcDbObjectId id)
             zmena(kota->setDimtxsty(styl));
         if (AcDbObjectId styl = NoveId(kotaStyly, kota->dimensionStyle()); !styl.isNull())
             zmena(kota->setDimensionStyle(styl));
+    } else if (AcDbLeader* odkaz = AcDbLeader::cast(entita)) {
+        if (AcDbObjectId styl = NoveId(kotaStyly, odkaz->dimensionStyle()); !styl.isNull()) {
+            odkaz->setDimensionStyle(styl);
+            zmena(Acad::eOk);
+        }
     }
 
     if (AcDbObjectId typ = NoveId(typyCar, entita->linetypeId()); !typ.isNull())

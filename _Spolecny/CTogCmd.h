@@ -22,6 +22,9 @@ constexpr int kAktivniLayout = 8;  // the active layout, only when walking the w
 
 using ParyId = std::vector<std::pair<AcDbObjectId, AcDbObjectId>>;
 
+/// The new id of the pair whose old id is `stare`; null when no pair has it or its new id is null.
+AcDbObjectId NoveId(const ParyId& pary, AcDbObjectId stare);
+
 /// Base of an operation on every entity of a drawing. Derived classes write Zpracuj only.
 class ProjdiDwgFce {
 public:

@@ -128,6 +128,9 @@ AcDbObjectId IdTextStylu(const ACHAR* nazev);
 AcDbObjectId IdKotaStylu(const ACHAR* nazev);
 AcDbObjectId IdMLeaderStylu(const ACHAR* nazev);
 
+/// A layer name without its prefix: everything up to and including a "_" at the positions 0 to 3 goes;
+/// a "_" further on belongs to the name itself.
+AcString BezPredpony(const AcString& nazev);
 /// The standard layer: `nazev` in, the whole layer name out. With `sPredponou` the name carries its
 /// prefix already. Creates the layer from the catalogue when missing; unlocks a locked one after asking
 /// (a refusal throws CTogEasyExcept "Hladina je zamčená"). The null id when the layer neither exists
@@ -140,6 +143,8 @@ AcDbObjectId ZalozUzivHladinu(AcString& nazev, int barva, const ACHAR* typCary, 
                               bool tisknout);
 /// The text style of the drawing, else created from the catalogue; the null id when it is in neither.
 AcDbObjectId ZiskejTextStyl(const ACHAR* nazev);
+/// The multileader style of the drawing, else created from the catalogue; the null id when it is in neither.
+AcDbObjectId ZiskejMLeaderStyl(const ACHAR* nazev);
 AcDbObjectId ZalozTextStyl(const StdTextStyl& styl);
 AcDbObjectId ZalozKotaStyl(const StdKotaStyl& styl);
 AcDbObjectId ZalozMLeaderStyl(const StdMLeaderStyl& styl);

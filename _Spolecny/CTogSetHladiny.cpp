@@ -6,6 +6,7 @@
 #include "CTogException.h"
 #include "CTogSet.h"
 #include "CTogXRecord.h"
+#include "PrevodStandardu.h"
 
 namespace {
 
@@ -14,23 +15,6 @@ constexpr const ACHAR* kNeptatSeNaStare = L"NeptatSeNaStareHladiny";
 constexpr const ACHAR* kSkupinaHladiny = L"Hladiny";
 
 AcDbDatabase* PracovniDatabaze() { return acdbHostApplicationServices()->workingDatabase(); }
-
-// The name without its prefix: everything up to and including a "_" at the positions 0 to 3. A "_"
-// further on belongs to the name itself.
-AcString BezPredpony(const AcString& nazev)
-{
-    for (int i = 0; i < 4 && i < static_cast<int>(nazev.length()); ++i)
-        if (nazev.getAt(i) == L'_')
-            return nazev.mid(i + 1);
-    return nazev;
-}
-
-// The conversion of the old layer standard comes with its own module; this build only says so.
-AcDbObjectId PrevedHladinyZatimNeni(const ACHAR* celyNazev)
-{
-    acutPrintf(L"\nPřevod hladin se starými názvy není v této verzi zatím k dispozici.");
-    return IdHladiny(celyNazev);
-}
 
 // A locked layer is unlocked once the user agrees (or agreed "Ano všem" earlier in this run).
 void OdemkniHladinu(AcDbObjectId id)
@@ -74,13 +58,24 @@ bool NabidniPrevod(const StdHladina& hladina, const ACHAR* celyNazev, AcDbObject
         const Adesk::Int32 ano = 1;
         CTogXRecord::UlozDoX(kNeptatSeNaStare, ano, kSkupinaHladiny);
     } else if (odpoved == IDYES) {
-        id = PrevedHladinyZatimNeni(celyNazev);
+        // The conversion brings the layer about, or nothing is created.
+        CTogCmd::ParyId sloucene;
+        PrevedHladiny(sloucene);
+        id = IdHladiny(celyNazev);
         return true;
     }
     return false;
 }
 
 } // namespace
+
+AcString BezPredpony(const AcString& nazev)
+{
+    for (int i = 0; i < 4 && i < static_cast<int>(nazev.length()); ++i)
+        if (nazev.getAt(i) == L'_')
+            return nazev.mid(i + 1);
+    return nazev;
+}
 
 AcDbObjectId ZiskejHladinu(AcString& nazev, bool sPredponou)
 {

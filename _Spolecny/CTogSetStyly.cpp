@@ -24,6 +24,15 @@ AcDbObjectId ZiskejTextStyl(const ACHAR* nazev)
     return id;
 }
 
+AcDbObjectId ZiskejMLeaderStyl(const ACHAR* nazev)
+{
+    AcDbObjectId id = IdMLeaderStylu(nazev);
+    if (id.isNull())
+        if (const StdMLeaderStyl* styl = NajdiStdMLeaderStyl(nazev))
+            id = ZalozMLeaderStyl(*styl);
+    return id;
+}
+
 int NastavTextStyl(const StdTextStyl& styl, AcDbTextStyleTableRecord* zaznam)
 {
     using namespace Autodesk::AutoCAD::PAL::FontUtils;

@@ -45,7 +45,7 @@ std::string openDrawing(const std::string& path)
     useDxf();
     auto db = std::make_unique<AcDbDatabase>(false, true);
     if (std::string e = sim::dxf::readDrawingFile(*db, sim::fromUtf8(path)); !e.empty())
-        return "cannot open " + e;
+        return e;
     return sim::db::openDocument(std::move(db), sim::fromUtf8(path)) ? std::string() : "cannot open " + path;
 }
 
@@ -54,8 +54,7 @@ std::string saveDrawing(const std::string& path)
     AcDbDatabase* db = currentDatabase();
     if (!db)
         return "cannot save " + path + ": no drawing is open";
-    std::string e = sim::dxf::writeDrawingFile(*db, sim::fromUtf8(path), false);
-    return e.empty() ? e : "cannot save " + path + ": " + e;
+    return sim::dxf::writeDrawingFile(*db, sim::fromUtf8(path), false);
 }
 
 std::string writeSvg(const std::string& path)

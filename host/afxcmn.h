@@ -250,6 +250,7 @@ typedef struct _NM_UPDOWN {
     int iPos;
     int iDelta;
 } NMUPDOWN, *LPNMUPDOWN;
+#define UDS_ARROWKEYS 0x0020
 
 class CSpinButtonCtrl : public CWnd {
 public:

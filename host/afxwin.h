@@ -59,6 +59,7 @@
 #define WM_TIMER 0x0113
 
 #define WM_INITDIALOG 0x0110
+#define WM_VSCROLL 0x0115
 #define WM_CTLCOLOREDIT 0x0133
 #define WM_CTLCOLORSTATIC 0x0138
 #define CTLCOLOR_EDIT 1
@@ -68,6 +69,12 @@
 #define COLOR_WINDOW 5
 #define COLOR_WINDOWTEXT 8
 #define COLOR_HOTLIGHT 26
+
+// Scroll codes of WM_VSCROLL (low word of wParam; the high word is the position).
+#define SB_LINEUP 0
+#define SB_LINEDOWN 1
+#define SB_THUMBPOSITION 4
+#define SB_ENDSCROLL 8
 
 // The window classes of dialog controls.
 #define WC_BUTTONW L"Button"
@@ -235,6 +242,10 @@ public:
     HICON SetIcon(HICON hIcon, BOOL bBigIcon);
     void EnableDynamicLayout(BOOL bEnable = TRUE);
 
+    /// Makes this object a child window of the class under the parent, with the id. Inside a running
+    /// dialog the child joins its controls, after those of the resource.
+    virtual BOOL Create(LPCWSTR lpszClassName, LPCWSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
+                        CWnd* pParentWnd, UINT nID);
     // The mouse. The model lays a dialog's controls one below the other on the screen; a window that
     // captures the mouse hears it until it releases it. The model's timers never tick: a list shows
     // all its items, so there is nothing to scroll.
@@ -246,10 +257,6 @@ public:
     UINT_PTR SetTimer(UINT_PTR nIDEvent, UINT nElapse, void* lpfnTimer);
     BOOL KillTimer(UINT_PTR nIDEvent);
 
-    /// Makes this object a child window of the class under the parent, with the id. Inside a running
-    /// dialog the child joins its controls, after those of the resource.
-    virtual BOOL Create(LPCWSTR lpszClassName, LPCWSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
-                        CWnd* pParentWnd, UINT nID);
     /// Delivers the message to WindowProc at once.
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
@@ -293,12 +300,16 @@ protected:
     virtual void OnLButtonDblClk(UINT nFlags, CPoint point);
     virtual void OnMouseMove(UINT nFlags, CPoint point);
     virtual void OnTimer(UINT_PTR nIDEvent);
+    /// WM_VSCROLL from a vertical scroll bar or spin button of this window (pScrollBar is that control).
+    virtual void OnVScroll(UINT nSBCode, UINT nPos, class CScrollBar* pScrollBar);
 
     friend class CDialog;
     friend struct AFX_DLGSTATE;
 };
 
 class CStatic : public CWnd {};
+
+class CScrollBar : public CWnd {};
 
 class CButton : public CWnd {
 public:
@@ -319,6 +330,20 @@ public:
     /// The balloon shows in the transcript; ttiIcon is a TTI_ value.
     BOOL ShowBalloonTip(LPCWSTR lpszTitle, LPCWSTR lpszText, INT ttiIcon = 0);
     BOOL HideBalloonTip();
+};
+
+/// A drop-down list of texts (ComboBox); CBN_SELCHANGE tells the parent of a choice made by the user.
+class CComboBox : public CWnd {
+public:
+    /// Adds at the end; gives the index.
+    int AddString(LPCWSTR lpszString);
+    void ResetContent();
+    int GetCount() const;
+    /// -1 for none.
+    int GetCurSel() const;
+    /// -1 clears the choice; gives CB_ERR (-1) for an index out of range.
+    int SetCurSel(int nSelect);
+    void GetLBText(int nIndex, CString& rString) const;
 };
 
 /// A list of texts with item data. With LBS_SORT added texts take their place by the list's locale;
@@ -353,20 +378,6 @@ public:
     LCID GetLocale() const;
     /// Gives the old locale, LB_ERR when the locale isn't known.
     LCID SetLocale(LCID nNewLocale);
-};
-
-/// A drop-down list of texts (ComboBox); CBN_SELCHANGE tells the parent of a choice made by the user.
-class CComboBox : public CWnd {
-public:
-    /// Adds at the end; gives the index.
-    int AddString(LPCWSTR lpszString);
-    void ResetContent();
-    int GetCount() const;
-    /// -1 for none.
-    int GetCurSel() const;
-    /// -1 clears the choice; gives CB_ERR (-1) for an index out of range.
-    int SetCurSel(int nSelect);
-    void GetLBText(int nIndex, CString& rString) const;
 };
 
 // ---------------------------------------------------------------------------------------------

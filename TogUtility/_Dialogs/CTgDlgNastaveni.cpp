@@ -11,6 +11,7 @@
 #include "CTogRegistry.h"
 #include "CTogXRecord.h"
 #include "OkrajPrikazu.h"
+#include "PrevodStandardu.h"
 
 namespace {
 
@@ -254,8 +255,16 @@ void CTgDlgNastaveni::OnPrevest()
     PrevezmiHodnoty();
     // The conversion of old names takes this mask: styles 1, layers 2, line types 4.
     const int maska = (m_prevedStyly ? 1 : 0) | (m_prevedHladiny ? 2 : 0) | (m_prevedLT ? 4 : 0);
-    (void)maska;
-    acutPrintf(L"\nPřevod starých názvů zatím není v tomto sestavení k dispozici.");
+    bool hotovo = false;
+    ProvedPrikaz([maska, &hotovo] {
+        PrevedStandardy(maska);
+        hotovo = true;
+    });
+    if (hotovo)
+        MessageBoxW(m_hWnd,
+                    L"Vše bylo převedeno\ndoporučujeme otevřít a zavřít výkres\nu některých bloků je nutné\npoužít "
+                    L"příkaz 'SYNCHRONIZOVAT'",
+                    kTitulek, MB_OK | MB_ICONINFORMATION);
 }
 
 void CTgDlgNastaveni::OnMeritka()

@@ -11,6 +11,7 @@
 #include "_Utility/Kacena.h"
 #include "_Utility/Modifikace.h"
 #include "_Utility/Ramecek.h"
+#include "_Utility/SlozeniOdkazu.h"
 #include "_Utility/Utility.h"
 
 const std::array<PolozkaPrikazu, 30> TabulkaPrikazu = {{

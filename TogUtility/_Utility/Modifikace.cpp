@@ -81,5 +81,3 @@ void PrikazSmazTexty()
         mazani.ProjdiDwg(CTogCmd::kModelSpace, true, 1);
     });
 }
-
-void PrikazCmm() { ProvedPrikaz([] { PrikazZatimNeni(L"cmm"); }); }

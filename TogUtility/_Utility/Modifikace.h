@@ -1,5 +1,5 @@
 // Commands that change entities: whole-drawing conversions (z0, kub, ssa, lt1, SMAZTEXTY),
-// text and property commands (ca, ra, rak, mat, tv, mtcf, ed) and the leader composition (cmm).
+// text and property commands (ca, ra, rak, mat, tv, mtcf, ed).
 #pragma once
 
 /// `ca`: copies the look of one entity to others.
@@ -26,5 +26,3 @@ void PrikazMtcf();
 void PrikazEd();
 /// `SMAZTEXTY`: erases the texts of model space that contain a given text.
 void PrikazSmazTexty();
-/// `cmm`: composes a multileader out of a text and a leader.
-void PrikazCmm();

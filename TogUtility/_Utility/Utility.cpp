@@ -4,12 +4,14 @@
 #include "StdAfx.h"
 #include "Utility.h"
 #include "OkrajPrikazu.h"
+#include "PrevodStandardu.h"
+#include "SedaReference.h"
 #include "_Hlavni/ZatimNeni.h"
 #include "InfoEntity.h"
 #include "NacteniBodu.h"
 #include "VyskySpady.h"
 
-void PrikazSs() { ProvedPrikaz([] { PrikazZatimNeni(L"ss"); }); }
+void PrikazSs() { ProvedPrikaz(SedaReference); }
 
 void PrikazVvs() { ProvedPrikaz(HloubkaSachty); }
 
@@ -27,4 +29,7 @@ void ZobrazCTB() {}
 
 void PrikazCistiVysky() { ProvedPrikaz(CistiVysky); }
 
-void PrikazPreved() { ProvedPrikaz([] { PrikazZatimNeni(L"preved"); }); }
+void PrikazPreved()
+{
+    ProvedPrikaz([] { PrevedStandardy(kPrevestStyly | kPrevestHladiny | kPrevestTypyCar); });
+}

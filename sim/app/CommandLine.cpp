@@ -5,6 +5,7 @@
 #include <string>
 
 #include "sim/app/CommandStack.h"
+#include "sim/app/DoubleClick.h"
 #include "sim/app/LispCall.h"
 #include "sim/core/Session.h"
 #include "sim/editor/EditorState.h"
@@ -62,6 +63,14 @@ bool runCommandLine(std::wstring_view line)
     if (text.front() == L'(') {
         std::wstring call(text);
         return guarded(L"the AutoLISP call", [&] { runLispLine(call); });
+    }
+    if (isDoubleClickLine(text)) {
+        bool ok = false;
+        guarded(L"the double click", [&] { ok = doubleClick(text); });
+        sim::editor::endCommand();
+        if (!ok && !session.interactive() && !session.failure())
+            session.fail(L"a double click that could not be carried out");
+        return ok;
     }
     if (AcEdCommand* cmd = commandStack().lookupTyped(text)) {
         // The command may remove itself from the stack while it runs: keep what is needed first.

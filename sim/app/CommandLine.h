@@ -6,7 +6,8 @@
 namespace sim::app {
 
 /// Runs one line typed at "Command: ": a line beginning with "(" is an AutoLISP call; otherwise the
-/// first word names a command of the stack (see CommandStack::lookupTyped), else a host command.
+/// first word names a command of the stack (see CommandStack::lookupTyped), else a host command;
+/// "@dblclick x,y" double-clicks the point in the drawing window (DoubleClick.h).
 /// An empty line and "^C" do nothing. An unknown name prints the host's message and, in a script,
 /// fails the session. False when the line failed the session.
 bool runCommandLine(std::wstring_view line);

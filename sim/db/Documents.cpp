@@ -7,6 +7,7 @@
 #include "dbapserv.h"
 #include "sim/db/DatabaseAccess.h"
 #include "sim/db/ImpDatabase.h"
+#include "sim/db/Xrefs.h"
 
 ACRX_DEFINE_MEMBERS(AcApDocument, AcRxObject, nullptr)
 ACRX_DEFINE_MEMBERS(AcApDocumentIterator, AcRxObject, nullptr)
@@ -165,8 +166,10 @@ AcApDocument* openDocument(std::unique_ptr<AcDbDatabase> db, const std::wstring&
     std::wstring name = fileName;
     if (name.empty())
         name = L"Drawing" + std::to_wstring(++manager().newCount) + L".dwg";
-    else
+    else {
         setFileName(d->db.get(), fileName);
+        resolveXrefs(d->db.get());
+    }
     setNames(*d, name);
     d->doc = std::make_unique<AcApDocument>(d.get());
     AcApDocument* doc = d->doc.get();

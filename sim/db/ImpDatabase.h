@@ -96,6 +96,7 @@ public:
     static AcDbObjectId& textStyleId(AcDbMText* t) { return t->m_style; }
     static AcDbObjectId& blockId(AcDbBlockReference* r) { return r->m_block; }
     static AcDbObjectId& dimensionBlock(AcDbDimension* d) { return d->m_block; }
+    static AcDbObjectId& dimensionStyle(AcDbDimension* d) { return d->m_style; }
     static AcDbObjectId& linetypeId(AcDbLayerTableRecord* r) { return r->m_linetype; }
     static AcDbMText*& mtext(AcDbAttribute* a) { return a->m_mtext; }
     static AcDbMText*& mtext(AcDbAttributeDefinition* a) { return a->m_mtext; }

@@ -1,10 +1,11 @@
 // AcDbDatabase::insert: another database's model space becomes a block definition of this one, with
-// the layers, line types, text styles, blocks and registered applications its entities use, the
+// the layers, line types, text and dimension styles, blocks and registered applications its entities use, the
 // extended data of the source's model space (a dynamic block's definition) and its base point.
 #include <cstdlib>
 #include <map>
 #include <string>
 
+#include "dbdim.h"
 #include "dbents.h"
 #include "dbmtext.h"
 #include "dbsymtb.h"
@@ -36,11 +37,28 @@ public:
         auto* copy = static_cast<AcDbSymbolTableRecord*>(rec->clone());
         if (auto* layer = AcDbLayerTableRecord::cast(copy))
             AcDbImpDatabase::linetypeId(layer) = record(layer->linetypeObjectId(), sim::db::kLinetypeTable);
+        if (auto* style = AcDbDimStyleTableRecord::cast(copy))
+            for (auto& [code, value] : AcDbImpDatabase::dimValues(style))
+                if (auto* id = std::get_if<AcDbObjectId>(&value))
+                    *id = dimStyleReference(code, *id);
         if (auto* lt = AcDbLinetypeTableRecord::cast(copy))
             for (int i = 0; i < lt->numDashes(); ++i)
                 if (!lt->shapeStyleAt(i).isNull())
                     lt->setShapeStyleAt(i, record(lt->shapeStyleAt(i), sim::db::kTextStyleTable));
         return m_map[srcId] = addRecord(table, copy);
+    }
+
+    /// What a dimension style's value points at: its text style (340), arrow blocks (341-344) or
+    /// line types (345-347).
+    AcDbObjectId dimStyleReference(int code, AcDbObjectId srcId)
+    {
+        if (code == 340)
+            return record(srcId, sim::db::kTextStyleTable);
+        if (code >= 341 && code <= 344)
+            return block(srcId);
+        if (code >= 345 && code <= 347)
+            return record(srcId, sim::db::kLinetypeTable);
+        return AcDbObjectId::kNull;
     }
 
     /// The block of this database for a block of the source, its entities copied when it is new.
@@ -159,6 +177,10 @@ private:
             AcDbImpDatabase::textStyleId(t) = record(t->textStyle(), sim::db::kTextStyleTable);
         if (auto* m = AcDbMText::cast(copy))
             AcDbImpDatabase::textStyleId(m) = record(m->textStyle(), sim::db::kTextStyleTable);
+        if (auto* dim = AcDbDimension::cast(copy)) {
+            AcDbImpDatabase::dimensionStyle(dim) = record(dim->dimensionStyle(), sim::db::kDimStyleTable);
+            AcDbImpDatabase::dimensionBlock(dim) = block(dim->dimBlockId());
+        }
         if (auto* ref = AcDbBlockReference::cast(copy)) {
             AcDbImpDatabase::blockId(ref) = block(ref->blockTableRecord());
             AcDbImpDatabase::attributes(ref).clear();

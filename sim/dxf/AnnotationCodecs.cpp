@@ -185,8 +185,12 @@ public:
         dim->setDimLinePoint(f.point(10));
         AcGePoint3d text = f.point(11);
         dim->setTextPosition(text);
-        if (!(flags & 128))
+        if (!(flags & 128)) {
             dim->useDefaultTextPosition();
+            // A text at the origin is the file's too, not one still to be placed (see the writer).
+            if (text == AcGePoint3d::kOrigin)
+                f.keepValue(11, "");
+        }
         // The measurement: the writer measures again, unless the file left it out.
         if (!f.take(42))
             f.keepValue(42, "");
@@ -231,7 +235,8 @@ public:
             w.out.write(2, block);
         w.out.point(10, dim.dimLinePoint());
         // A dimension made here has no text position until one is set; one read keeps the file's.
-        bool unplaced = dim.isUsingDefaultTextPosition() && dim.textPosition() == AcGePoint3d::kOrigin;
+        bool unplaced = dim.isUsingDefaultTextPosition() && dim.textPosition() == AcGePoint3d::kOrigin &&
+                        !w.keptValue(11);
         w.out.point(11, unplaced ? defaultTextPosition(dim) : dim.textPosition());
         int flags = (rotated ? 0 : 1) | (dim.isUsingDefaultTextPosition() ? 0 : 128) | static_cast<int>(w.keptBits(70));
         w.out.integer(70, flags);

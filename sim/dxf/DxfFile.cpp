@@ -6,7 +6,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <cwchar>
 #include <filesystem>
 #include <system_error>
@@ -150,17 +152,20 @@ std::string readDrawingFile(AcDbDatabase& db, const std::wstring& path)
     fs::path file = toPath(readablePath(path));
     MappedFile mapped(file.string());
     std::string text;
-    if (!mapped.ok() && !readFileText(file.string(), text))
-        return "cannot read " + file.string();
+    const std::string failed = "cannot open " + file.string();
+    if (!mapped.ok() && !readFileText(file.string(), text)) {
+        std::error_code ec;
+        return failed + (fs::exists(file, ec) ? ": the file cannot be read" : ": no such file");
+    }
     try {
         if (mapped.ok())
             readDxf(db, mapped.text(), [&](size_t upTo) { mapped.release(upTo); });
         else
             readDxf(db, text);
     } catch (const DxfError& e) {
-        return file.string() + ", " + e.what();
+        return failed + ", " + e.what();
     } catch (const std::exception& e) {
-        return file.string() + ": " + e.what();
+        return failed + ": " + e.what();
     }
     sim::db::setFileName(&db, path);
     return std::string();
@@ -171,17 +176,20 @@ std::string writeDrawingFile(AcDbDatabase& db, const std::wstring& path, bool ke
     fs::path file = toPath(dxfPath(path));
     fs::path temp = file;
     temp += ".tmp~";
+    const std::string failed = "cannot save " + file.string();
     std::FILE* f = std::fopen(temp.c_str(), "wb");
     if (!f)
-        return "cannot write " + file.string();
+        return failed + ": " + std::strerror(errno);
     bool ok = true;
+    std::string why;
     WriteReport report;
     {
         TextTagWriter w(f);
         try {
             report = writeDxf(db, w);
-        } catch (const std::exception&) {
+        } catch (const std::exception& e) {
             ok = false;
+            why = std::string(": ") + e.what();
         }
         ok = w.flush() && ok;
     }
@@ -204,7 +212,7 @@ std::string writeDrawingFile(AcDbDatabase& db, const std::wstring& path, bool ke
     }
     if (!ok) {
         fs::remove(temp, ec);
-        return "cannot write " + file.string();
+        return failed + why;
     }
     return std::string();
 }

@@ -14,11 +14,12 @@ std::wstring dxfPath(const std::wstring& path);
 /// text, as the installation's block file does), else dxfPath.
 std::wstring readablePath(const std::wstring& path);
 
-/// Reads a drawing file into an empty database. Empty on success; else the reason (with the line
-/// for a damaged file), and the database is empty again.
+/// Reads a drawing file into an empty database. Empty on success; else the whole message ("cannot
+/// open x.dxf: no such file", with the line for a damaged file), and the database is empty again.
 std::string readDrawingFile(AcDbDatabase& db, const std::wstring& path);
 /// Writes the database to the file through a temporary file; an old file of the name becomes the
-/// .bak when keepBackup. Empty on success; else the reason, and the file is as it was.
+/// .bak when keepBackup. Empty on success; else the whole message ("cannot save x.dxf: ..."), and
+/// the file is as it was.
 std::string writeDrawingFile(AcDbDatabase& db, const std::wstring& path, bool keepBackup = true);
 
 /// The whole file into text; false when it cannot be read.

@@ -2,6 +2,8 @@
 // polyline, 2D polyline with its vertices and end, text, multi-line text, attribute definition, attribute,
 // block reference, and the begin and end markers of a block definition.
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "dbelipse.h"
 #include "dbents.h"
@@ -80,6 +82,24 @@ protected:
     }
 };
 
+// A radius the database refuses (zero or negative) is the file's all the same: kept, and written
+// while the entity has no radius of its own.
+template <class E>
+void readRadius(E& e, Fields& f)
+{
+    const Tag* t = f.find(40);
+    std::string text = t ? std::string(t->value) : std::string();
+    if (e.setRadius(f.real(40)) != Acad::eOk && t)
+        f.keepValue(40, text);
+}
+
+template <class E>
+void writeRadius(const E& e, ObjectWriter& w)
+{
+    std::optional<std::string_view> kept = w.keptValue(40);
+    w.out.real(40, kept && e.radius() == 0.0 ? std::stod(std::string(*kept)) : e.radius());
+}
+
 class CircleCodec : public EntityCodec<AcDbCircle> {
 public:
     std::string_view recordName() const override { return "CIRCLE"; }
@@ -91,7 +111,7 @@ protected:
         e.setNormal(readNormal(f));
         e.setThickness(f.real(39));
         e.setCenter(readOcsPoint(f, 10, e.normal()));
-        e.setRadius(f.real(40));
+        readRadius(e, f);
     }
     void writeFields(const AcDbCircle& e, ObjectWriter& w, WriteContext&) const override
     {
@@ -99,7 +119,7 @@ protected:
         if (e.thickness() != 0.0)
             w.out.real(39, e.thickness());
         writeOcsPoint(w, 10, e.normal(), e.center());
-        w.out.real(40, e.radius());
+        writeRadius(e, w);
         writeNormal(w, e.normal());
     }
 };
@@ -115,7 +135,7 @@ protected:
         e.setNormal(readNormal(f));
         e.setThickness(f.real(39));
         e.setCenter(readOcsPoint(f, 10, e.normal()));
-        e.setRadius(f.real(40));
+        readRadius(e, f);
         f.sub("AcDbArc");
         e.setStartAngle(radians(f.real(50)));
         e.setEndAngle(radians(f.real(51)));
@@ -126,7 +146,7 @@ protected:
         if (e.thickness() != 0.0)
             w.out.real(39, e.thickness());
         writeOcsPoint(w, 10, e.normal(), e.center());
-        w.out.real(40, e.radius());
+        writeRadius(e, w);
         writeNormal(w, e.normal());
         w.subclass("AcDbArc");
         w.out.real(50, degrees(e.startAngle()));

@@ -3,6 +3,8 @@
 
 #include <cstdlib>
 #include <functional>
+#include <optional>
+#include <string>
 
 #include "sim/core/Session.h"
 #include "sim/db/FileAccess.h"
@@ -339,9 +341,12 @@ AttributeFields readAttributeFields(Fields& f)
         const Tag& t = f.at(i);
         switch (t.code) {
         case 280:
-            if (!tag && !version)
+            if (!tag && !version) {
+                // The writer writes the version of its own time; another one is kept.
+                if (t.integer != 0)
+                    f.keepValue(280, t.value);
                 version = true;
-            else if (!lock) {
+            } else if (!lock) {
                 a.locked = t.integer != 0;
                 lock = true;
             } else
@@ -381,7 +386,8 @@ AttributeFields readAttributeFields(Fields& f)
 
 void writeAttributeFields(const AttributeFields& a, ObjectWriter& w, const wchar_t* prompt)
 {
-    w.out.integer(280, 0);
+    std::optional<std::string_view> version = w.keptValue(280);
+    w.out.integer(280, version ? std::stoll(std::string(*version)) : 0);
     if (prompt)
         w.out.text(3, prompt);
     w.out.text(2, a.tag);

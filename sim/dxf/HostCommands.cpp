@@ -79,7 +79,7 @@ std::wstring withExtension(const std::wstring& name)
 void save(AcApDocument* doc, const std::wstring& path)
 {
     if (doc->database()->saveAs(path.c_str()) != Acad::eOk) {
-        failed(L"Error writing " + path + L": " + sim::fromUtf8(lastFileError()));
+        failed(sim::fromUtf8(lastFileError()));
         return;
     }
     sim::db::setDocumentFileName(doc, path);

@@ -175,8 +175,10 @@ private:
                 if (auto* a = AcDbAttribute::cast(sim::db::objectOf(id)); a && !a->isInvisible())
                     entity(*a, xf, rgb, depth);
         } else if (auto* t = AcDbText::cast(&e)) {
-            if (AcDbAttributeDefinition::cast(t))
-                return; // a definition shows in its block only as its attributes do
+            // A definition shows in its block only as its attributes do; a constant one gives no
+            // attribute, and a visible constant one shows its text in every reference.
+            if (auto* ad = AcDbAttributeDefinition::cast(t); ad && (depth == 0 || !ad->isConstant() || ad->isInvisible()))
+                return;
             singleLine(*t, rgb, xf);
         } else if (auto* m = AcDbMText::cast(&e)) {
             multiLine(*m, rgb, xf);
@@ -261,6 +263,12 @@ private:
                 }
                 add(std::move(pts), false, rgb, xf);
             }
+            // The dogleg from the lines' common end towards the content.
+            AcGeVector3d dogleg;
+            AcGePoint3d end;
+            if (!lines.isEmpty() && m.getDoglegDirection(leader, dogleg) == Acad::eOk && !dogleg.isZeroLength() &&
+                m.getLastVertex(lines[0], end) == Acad::eOk && m.doglegLength() > 0.0)
+                add({end, end + dogleg.normal() * m.doglegLength()}, false, rgb, xf);
         }
         if (std::unique_ptr<AcDbMText> content(m.mtext()); content)
             multiLine(*content, rgb, xf);
@@ -337,7 +345,12 @@ private:
         double h = m.textHeight() > 0 ? m.textHeight() : 2.5;
         double angle = m.rotation();
         AcGeVector3d down(std::sin(angle), -std::cos(angle), 0.0);
-        AcGePoint3d at = m.location() + down * h; // the first base line under a top attachment
+        // The first base line: under a top attachment, a line lower for each further line of a middle
+        // or bottom one.
+        const int row = (m.attachment() - 1) / 3;
+        const int lines = 1 + static_cast<int>(std::count(all.begin(), all.end(), L'\n'));
+        const double block = h + (lines - 1) * h * 5.0 / 3.0;
+        AcGePoint3d at = m.location() + down * (row == 0 || m.attachment() > 9 ? h : row == 1 ? h - block / 2.0 : h - block);
         size_t start = 0;
         for (int line = 0; start <= all.size(); ++line) {
             size_t end = all.find(L'\n', start);

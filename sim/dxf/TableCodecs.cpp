@@ -297,7 +297,11 @@ protected:
             restoreXData(f.record(), kLayerDescriptionApp, d);
         return 1 | 4;
     }
-    int flags(const AcDbLayerTableRecord& r) const override { return (r.isFrozen() ? 1 : 0) | (r.isLocked() ? 4 : 0); }
+    /// A layer of an external reference is dependent (16) and resolved (32).
+    int flags(const AcDbLayerTableRecord& r) const override
+    {
+        return (r.isFrozen() ? 1 : 0) | (r.isLocked() ? 4 : 0) | (r.isDependent() ? 48 : 0);
+    }
     void writeFields(const AcDbLayerTableRecord& r, ObjectWriter& w, WriteContext& cx, XDataList& extra) const override
     {
         AcCmColor c = r.color();

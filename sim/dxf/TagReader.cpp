@@ -82,6 +82,15 @@ TagReader::TagReader(std::string_view text) : m_text(text)
 
 bool TagReader::read(Tag& tag)
 {
+    // Comments (999) may stand anywhere and say nothing about the drawing.
+    while (readGroup(tag))
+        if (tag.code != 999)
+            return true;
+    return false;
+}
+
+bool TagReader::readGroup(Tag& tag)
+{
     const char* data = m_text.data();
     const size_t size = m_text.size();
     // Blank lines at the very end of the file are no group.

@@ -12,8 +12,9 @@ public:
     /// A leading UTF-8 byte order mark is passed over.
     explicit TagReader(std::string_view text);
 
-    /// The next group without taking it; null at the end of the text. Throws DxfError for a group
-    /// that is cut short, a code that is not a number or not a DXF code, or a number that isn't one.
+    /// The next group without taking it (comments, 999, are passed over); null at the end of the
+    /// text. Throws DxfError for a group that is cut short, a code that is not a number or not a DXF
+    /// code, or a number that isn't one.
     const Tag* peek();
     /// Takes the next group; throws DxfError at the end of the text.
     Tag take();
@@ -22,6 +23,7 @@ public:
 
 private:
     bool read(Tag& tag);
+    bool readGroup(Tag& tag);
 
     std::string_view m_text;
     size_t m_pos = 0;

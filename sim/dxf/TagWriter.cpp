@@ -2,8 +2,10 @@
 #include "sim/dxf/TagWriter.h"
 
 #include <charconv>
+#include <stdexcept>
 
 #include "sim/core/Session.h"
+#include "sim/dxf/GroupCodes.h"
 #include "sim/dxf/TextCodec.h"
 
 namespace sim::dxf {
@@ -25,6 +27,29 @@ std::string_view realText(char (&buf)[40], double value)
     return s;
 }
 
+const char* typeName(ValueType t)
+{
+    switch (t) {
+    case ValueType::String: return "text";
+    case ValueType::Real: return "a real number";
+    case ValueType::Integer: return "an integer";
+    case ValueType::Handle: return "a handle";
+    case ValueType::Binary: return "binary data";
+    case ValueType::Invalid: break;
+    }
+    return "nothing (no such group code)";
+}
+
+// A value of another type than its group code carries makes a file that no reader reads back: a
+// fault of the writer, stopped before it reaches the file.
+void expectType(int code, ValueType written)
+{
+    ValueType carried = valueType(code);
+    if (carried != written)
+        throw std::logic_error("DXF writer: group " + std::to_string(code) + " carries " + typeName(carried) +
+                               ", not " + typeName(written));
+}
+
 } // namespace
 
 std::string formatReal(double value)
@@ -33,16 +58,22 @@ std::string formatReal(double value)
     return std::string(realText(buf, value));
 }
 
-void TagWriter::text(int code, std::wstring_view value) { write(code, encodeCarets(sim::toUtf8(value))); }
+void TagWriter::text(int code, std::wstring_view value)
+{
+    expectType(code, ValueType::String);
+    write(code, encodeCarets(sim::toUtf8(value)));
+}
 
 void TagWriter::real(int code, double value)
 {
+    expectType(code, ValueType::Real);
     char buf[40];
     write(code, realText(buf, value));
 }
 
 void TagWriter::integer(int code, std::int64_t value)
 {
+    expectType(code, ValueType::Integer);
     char buf[24];
     auto [end, ec] = std::to_chars(buf, buf + sizeof buf, value);
     write(code, std::string_view(buf, static_cast<size_t>(end - buf)));
@@ -50,6 +81,7 @@ void TagWriter::integer(int code, std::int64_t value)
 
 void TagWriter::handle(int code, AcDbHandle value)
 {
+    expectType(code, ValueType::Handle);
     char buf[24];
     auto [end, ec] = std::to_chars(buf, buf + sizeof buf, value.value(), 16);
     for (char* p = buf; p != end; ++p)

@@ -14,6 +14,8 @@
 
 namespace sim::dxf {
 
+/// The typed writers check that the group code carries a value of their type and throw
+/// std::logic_error when it does not.
 class TagWriter {
 public:
     virtual ~TagWriter() = default;

@@ -8,6 +8,7 @@
 #include "sim/dxf/DxfError.h"
 #include "sim/dxf/Fields.h"
 #include "sim/dxf/GroupCodes.h"
+#include "sim/dxf/TagReader.h"
 
 namespace sim::dxf {
 
@@ -142,7 +143,14 @@ void writeChain(const resbuf* rb, TagWriter& w)
             w.write(code, hex);
             break;
         default:
-            w.text(code, rb->resval.rstring ? rb->resval.rstring : L"");
+            if (valueType(code) == ValueType::Handle) {
+                // A handle the chain keeps as text; one that isn't hexadecimal can't be written as one.
+                std::uint64_t h = 0;
+                parseHex(rb->resval.rstring ? sim::toUtf8(rb->resval.rstring) : std::string(), h);
+                w.handle(code, AcDbHandle(h));
+            } else {
+                w.text(code, rb->resval.rstring ? rb->resval.rstring : L"");
+            }
             break;
         }
     }

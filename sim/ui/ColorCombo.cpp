@@ -32,7 +32,7 @@ std::wstring name(const AcCmColor& c)
         const int i = c.colorIndex();
         return i >= 1 && i <= 7 ? standard[i] : L"Barva " + std::to_wstring(i);
     }
-    return std::to_wstring(c.red()) + L"," + std::to_wstring(c.green()) + L"," + std::to_wstring(c.blue());
+    return L"RGB:" + std::to_wstring(c.red()) + L"," + std::to_wstring(c.green()) + L"," + std::to_wstring(c.blue());
 }
 
 void add(AFX_CTLSTATE& s, const AcCmColor& c)

@@ -13,7 +13,7 @@ namespace sim::ui {
 
 /// Grid: the tree view with columns (window class "TreeList"), read and driven through its messages.
 /// ListView: a list view in report mode, rows under column headings.
-enum class Kind { Other, PushButton, CheckBox, ThreeState, Radio, GroupBox, Edit, Label, Tree, List, Link, Spin, Grid, ListView };
+enum class Kind { Other, PushButton, CheckBox, ThreeState, Radio, GroupBox, Edit, Label, Tree, List, Link, Grid, ListView, Spin };
 
 /// The kind of a control from its window class and style.
 Kind kindOf(const std::wstring& className, DWORD style);
@@ -54,10 +54,10 @@ struct AFX_CTLSTATE {
     UINT limit = 0; ///< 0: the edit's default
     std::vector<sim::ui::Item> items;
     int selectedItem = -1;
+    std::vector<std::wstring> columns; ///< a list view's column headings
     int topIndex = 0;
     int spinPos = 0, spinLower = 0, spinUpper = 100; ///< an up-down control's position and range
     LCID locale = 0x0409;
-    std::vector<std::wstring> columns; ///< a list view's column headings
     std::wstring tooltip;
     std::vector<std::wstring> painted;
     int acceptedChars = 0; ///< characters an edit took, for the runner to see refused keys

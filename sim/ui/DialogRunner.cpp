@@ -2,6 +2,7 @@
 // the dialog shown in the transcript and driven by script lines until it ends.
 #include "sim/ui/DialogRunner.h"
 
+#include <algorithm>
 #include <cwctype>
 #include <map>
 #include <sstream>
@@ -419,10 +420,6 @@ bool mouseOrKey(CDialog& dlg, const std::wstring& verb, std::wistringstream& in)
     AFX_CTLSTATE* c = reachable(dlg, *id);
     if (!c)
         return false;
-    if (verb == L"DBLCLICK" && (c->kind == Kind::Grid || c->kind == Kind::ListView)) {
-        int row = 0, column = 0;
-        return rowAndColumn(dlg, c, words, 1, false, row, column) && doubleClick(dlg, c, row);
-    }
     CWnd* w = dlg.GetDlgItem(c->id);
     if (verb == L"KEY") {
         if (upper(words[1]) != L"DELETE") {
@@ -469,7 +466,10 @@ bool mouseOrKey(CDialog& dlg, const std::wstring& verb, std::wistringstream& in)
     return true;
 }
 
-// spin <id> up|down: one step of an up-down control, asked of the parent first.
+// spin <id> up|down: a click on an arrow of an up-down control. As the real control does, it asks the
+// parent first (UDN_DELTAPOS, which may change the step or refuse it), moves the position within the
+// range (up towards the upper end) and tells the parent with WM_VSCROLL; at the end of the range it
+// sends nothing.
 bool spin(CDialog& dlg, std::wistringstream& in)
 {
     std::wstring idText, direction;
@@ -487,12 +487,22 @@ bool spin(CDialog& dlg, std::wistringstream& in)
         say(L"Prvek " + idText + L" není číselník.");
         return false;
     }
+    int krok = direction == L"UP" ? 1 : -1;
+    if (c->spinLower > c->spinUpper)
+        krok = -krok;
     NMUPDOWN nm{};
     nm.hdr = NMHDR{c->hwnd, static_cast<UINT_PTR>(c->id), UDN_DELTAPOS};
     nm.iPos = c->spinPos;
-    nm.iDelta = direction == L"UP" ? 1 : -1;
-    if (dlg.SendMessage(WM_NOTIFY, static_cast<WPARAM>(c->id), reinterpret_cast<LPARAM>(&nm)) == 0)
-        static_cast<CSpinButtonCtrl*>(dlg.GetDlgItem(c->id))->SetPos32(nm.iPos + nm.iDelta);
+    nm.iDelta = krok;
+    if (dlg.SendMessage(WM_NOTIFY, static_cast<WPARAM>(c->id), reinterpret_cast<LPARAM>(&nm)) != 0)
+        return true;
+    const int pos = std::clamp(nm.iPos + nm.iDelta, std::min(c->spinLower, c->spinUpper), std::max(c->spinLower, c->spinUpper));
+    if (pos == c->spinPos)
+        return true;
+    c->spinPos = pos;
+    const LPARAM od = reinterpret_cast<LPARAM>(c->hwnd);
+    dlg.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, static_cast<WORD>(pos)), od);
+    dlg.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_ENDSCROLL, static_cast<WORD>(pos)), od);
     return true;
 }
 
@@ -535,12 +545,24 @@ bool act(CDialog& dlg, std::wstring_view lineView)
         dlg.SendMessage(WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
         return true;
     }
-    if (verb == L"DRAG" || verb == L"DBLCLICK" || verb == L"KEY")
+    // A double click goes to a table's row (grid or list view), else to a list's item by the mouse.
+    bool tableClick = false;
+    if (verb == L"DBLCLICK") {
+        const auto at = in.tellg();
+        std::wstring idText;
+        in >> idText;
+        const auto id = number(idText);
+        const AFX_CTLSTATE* c = id ? reachable(dlg, *id) : nullptr;
+        tableClick = c && (c->kind == Kind::Grid || c->kind == Kind::ListView);
+        in.clear();
+        in.seekg(at);
+    }
+    if (verb == L"DRAG" || verb == L"KEY" || (verb == L"DBLCLICK" && !tableClick))
         return mouseOrKey(dlg, verb, in);
     if (verb == L"SPIN")
         return spin(dlg, in);
     if (verb == L"CLICK" || verb == L"SET" || verb == L"CHECK" || verb == L"SELECT" || verb == L"CELL" ||
-        verb == L"EDIT") {
+        verb == L"EDIT" || verb == L"DBLCLICK") {
         std::wstring idText;
         in >> idText;
         auto id = number(idText);
@@ -567,7 +589,7 @@ bool act(CDialog& dlg, std::wstring_view lineView)
         std::vector<std::wstring> words;
         for (std::wstring w; in >> w;)
             words.push_back(w);
-        if (verb == L"CELL" || verb == L"EDIT") {
+        if (verb == L"CELL" || verb == L"EDIT" || verb == L"DBLCLICK") {
             const bool grid = c->kind == Kind::Grid;
             if (!grid && c->kind != Kind::ListView) {
                 say(L"Prvek " + std::to_wstring(c->id) + L" není tabulka.");
@@ -578,8 +600,10 @@ bool act(CDialog& dlg, std::wstring_view lineView)
                 return false;
             }
             int row = 0, column = 0;
-            if (!rowAndColumn(dlg, c, words, 0, grid, row, column))
+            if (!rowAndColumn(dlg, c, words, 0, verb != L"DBLCLICK" && grid, row, column))
                 return false;
+            if (verb == L"DBLCLICK")
+                return doubleClick(dlg, c, row);
             if (verb == L"CELL")
                 return clickCell(dlg, c, row, column);
             // The text is the rest of the line after the row and the column, kept as typed.

@@ -108,7 +108,6 @@ std::wstring describe(CDialog& dlg, AFX_CTLSTATE* c, bool withTip)
     case Kind::PushButton: line += L"<" + c->text + L">"; break;
     case Kind::GroupBox: line += L"-- " + c->text + L" --"; break;
     case Kind::Link: line += L"odkaz: " + c->text; break;
-    case Kind::Spin: line += L"číselník " + std::to_wstring(c->spinPos); break;
     case Kind::Grid: line += L"tabulka:" + grid(w); break;
     case Kind::ListView: {
         std::vector<std::vector<std::wstring>> rows;
@@ -121,6 +120,7 @@ std::wstring describe(CDialog& dlg, AFX_CTLSTATE* c, bool withTip)
         line += L"seznam:" + table(c->columns, rows, c->selectedItem);
         break;
     }
+    case Kind::Spin: line += L"číselník " + std::to_wstring(c->spinPos); break;
     case Kind::Tree:
     case Kind::List: {
         line += c->kind == Kind::Tree ? L"strom:" : L"seznam:";

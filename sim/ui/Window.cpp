@@ -301,6 +301,8 @@ void CWnd::ClientToScreen(LPPOINT lpPoint) const
     lpPoint->y += o.y;
 }
 
+void CWnd::ScreenToClient(LPRECT) const {}
+
 void CWnd::ScreenToClient(LPPOINT lpPoint) const
 {
     if (!lpPoint)
@@ -320,8 +322,6 @@ BOOL CWnd::ReleaseCapture()
 
 UINT_PTR CWnd::SetTimer(UINT_PTR nIDEvent, UINT, void*) { return nIDEvent; }
 BOOL CWnd::KillTimer(UINT_PTR) { return TRUE; }
-
-void CWnd::ScreenToClient(LPRECT) const {}
 
 HICON CWnd::SetIcon(HICON hIcon, BOOL) { return hIcon; }
 
@@ -404,6 +404,22 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     }
     case WM_TIMER: OnTimer(static_cast<UINT_PTR>(wParam)); return 0;
+    case WM_VSCROLL: {
+        // A control of another class (a spin button) comes as a temporary CScrollBar of its handle,
+        // as MFC hands out temporary objects for handles.
+        CWnd* from = FromHandle(reinterpret_cast<HWND>(lParam));
+        CScrollBar temporary;
+        CScrollBar* bar = dynamic_cast<CScrollBar*>(from);
+        if (!bar && from) {
+            temporary.m_hWnd = from->m_hWnd;
+            temporary.m_pCtl = from->m_pCtl;
+            bar = &temporary;
+        }
+        OnVScroll(LOWORD(wParam), HIWORD(wParam), bar);
+        temporary.m_hWnd = nullptr;
+        temporary.m_pCtl = nullptr;
+        return 0;
+    }
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
         return reinterpret_cast<LRESULT>(CtlColor(reinterpret_cast<CDC*>(wParam),
@@ -416,6 +432,7 @@ BOOL CWnd::OnCommand(WPARAM, LPARAM) { return FALSE; }
 BOOL CWnd::OnNotify(WPARAM, LPARAM, LRESULT*) { return FALSE; }
 BOOL CWnd::OnChildNotify(UINT, WPARAM, LPARAM, LRESULT*) { return FALSE; }
 HBRUSH CWnd::CtlColor(CDC*, UINT) { return nullptr; }
+void CWnd::OnVScroll(UINT, UINT, CScrollBar*) {}
 
 void CWnd::OnChar(UINT nChar, UINT, UINT)
 {
@@ -515,7 +532,6 @@ CWnd* CWnd::GetDlgItem(int nID) const
     case Kind::GroupBox: w = std::make_unique<CButton>(); break;
     case Kind::Edit: w = std::make_unique<CEdit>(); break;
     case Kind::Tree: w = std::make_unique<CTreeCtrl>(); break;
-    case Kind::Spin: w = std::make_unique<CSpinButtonCtrl>(); break;
     case Kind::ListView: w = std::make_unique<CListCtrl>(); break;
     case Kind::List:
         if (s->className == L"ComboBox" || s->className == L"COMBOBOX")
@@ -523,6 +539,7 @@ CWnd* CWnd::GetDlgItem(int nID) const
         else
             w = std::make_unique<CListBox>();
         break;
+    case Kind::Spin: w = std::make_unique<CSpinButtonCtrl>(); break;
     case Kind::Label: w = std::make_unique<CStatic>(); break;
     default: w = std::make_unique<CWnd>(); break;
     }

@@ -163,11 +163,12 @@ TEST_F(Hladiny, OldLayerQuestionCancelIsStoredInTheDrawing)
               Zaznam().rfind(L"Nalezena hladina se starým názvem"));
 }
 
-TEST_F(Hladiny, OldLayerQuestionYesLeavesTheConversionToItsModule)
+TEST_F(Hladiny, OldLayerQuestionYesConvertsTheOldLayerIntoTheRequestedOne)
 {
     Start("yes\n");
-    PridejHladinu(L"zti-KOTY");
+    AcDbObjectId stara = PridejHladinu(L"zti-KOTY");
     AcString nazev = L"kóty";
-    EXPECT_TRUE(ZiskejHladinu(nazev, false).isNull());
-    EXPECT_TRUE(IdHladiny(L"TU_kóty").isNull());
+    EXPECT_EQ(ZiskejHladinu(nazev, false), stara);
+    EXPECT_EQ(IdHladiny(L"TU_kóty"), stara);
+    EXPECT_TRUE(IdHladiny(L"zti-KOTY").isNull());
 }

@@ -64,12 +64,21 @@ TEST_F(FilesOnDisk, ASaveKeepsTheOldFileAndAFailureChangesNothing)
     std::ofstream(dir / "damaged.dxf", std::ios::binary) << text;
     AcDbDatabase target(false, true);
     std::string error = sim::dxf::readDrawingFile(target, sim::fromUtf8((dir / "damaged.dxf").string()));
-    EXPECT_NE(error.find("line " + std::to_string(lineOf(text, " 62\nred\n") + 1)), std::string::npos) << error;
+    EXPECT_EQ(error.rfind("cannot open " + (dir / "damaged.dxf").string() + ", line " +
+                              std::to_string(lineOf(text, " 62\nred\n") + 1) + ": ",
+                          0),
+              0u)
+        << error;
     EXPECT_EQ(readFile(dir / "damaged.dxf"), text);
     EXPECT_NE(target.readDwgFile((dir / "damaged.dxf").wstring().c_str()), Acad::eOk);
 
-    // A folder that does not exist: an error, and nothing written.
-    EXPECT_NE(sim::dxf::writeDrawingFile(db, sim::fromUtf8((dir / "none" / "x.dxf").string())), "");
+    // A folder that does not exist: an error, and nothing written; a file that does not exist. Each
+    // message says once what failed.
+    EXPECT_EQ(sim::dxf::writeDrawingFile(db, sim::fromUtf8((dir / "none" / "x.dxf").string())),
+              "cannot save " + (dir / "none" / "x.dxf").string() + ": No such file or directory");
+    AcDbDatabase missing(false, true);
+    EXPECT_EQ(sim::dxf::readDrawingFile(missing, sim::fromUtf8((dir / "x.dxf").string())),
+              "cannot open " + (dir / "x.dxf").string() + ": no such file");
     fs::remove_all(dir);
 }
 

@@ -208,3 +208,34 @@ TEST_F(Lossless, HeaderKeepsItsVariablesAndSetsTheModelledOnes)
     EXPECT_EQ(back->insunits(), AcDb::kUnitsMeters);
     EXPECT_EQ(write(*back), first);
 }
+
+TEST_F(Lossless, CommentsAnywhereAndRadiiTheDatabaseRefuses)
+{
+    AcDbDatabase probe;
+    std::string ms = modelSpaceHandle(probe);
+    std::string circle = groups({{0, "CIRCLE"}, {5, "C01"}, {330, ms.c_str()}, {100, "AcDbEntity"}, {8, "0"},
+                                 {100, "AcDbCircle"}, {10, "1.0"}, {20, "2.0"}, {30, "0.0"}, {40, "-5.0"}});
+    std::string arc = groups({{0, "ARC"}, {5, "C02"}, {330, ms.c_str()}, {100, "AcDbEntity"}, {8, "0"},
+                              {100, "AcDbCircle"}, {10, "0.0"}, {20, "0.0"}, {30, "0.0"}, {40, "0.0"},
+                              {100, "AcDbArc"}, {50, "0.0"}, {51, "90.0"}});
+    std::string text = withRecords("ENTITIES", circle + groups({{999, "between records"}}) + arc);
+    // As LibreCAD's library begins a file, and a comment inside a record.
+    text = groups({{999, "dxfrw 0.5.10"}}) + text;
+    text.insert(text.find(" 40\n-5.0\n"), groups({{999, "inside"}}));
+
+    auto db = read(text);
+    auto* c = AcDbCircle::cast(sim::db::objectAt(db.get(), AcDbHandle(0xC01)));
+    ASSERT_TRUE(c);
+    EXPECT_TRUE(c->center().isEqualTo(AcGePoint3d(1, 2, 0)));
+    std::string out = write(*db);
+    EXPECT_EQ(out.find("999"), std::string::npos) << "comments are not kept";
+    EXPECT_EQ(record(out, AcDbHandle(0xC01)), tagsOf(circle));
+    EXPECT_EQ(record(out, AcDbHandle(0xC02)), tagsOf(arc));
+    // A radius of the entity's own replaces the kept one.
+    AcDbObjectPointer<AcDbCircle> own(AcDbObjectId(db.get(), AcDbHandle(0xC01)), AcDb::kForWrite);
+    ASSERT_EQ(own->setRadius(3.0), Acad::eOk);
+    own.close();
+    sim::db::RawTags again = record(write(*db), AcDbHandle(0xC01));
+    ASSERT_FALSE(again.empty());
+    EXPECT_EQ(again.back(), (sim::db::RawTag{40, "3.0"}));
+}

@@ -93,6 +93,20 @@ TEST(TagWriter, WritesCodesRightAlignedAndRealsThatReadBack)
     }
 }
 
+TEST(TagWriter, RefusesAValueOfAnotherTypeThanItsGroupCarries)
+{
+    TagRecorder w;
+    EXPECT_THROW(w.text(5, L"_OBLIQUE"), std::logic_error) << "5 carries a handle";
+    EXPECT_THROW(w.real(70, 1.0), std::logic_error);
+    EXPECT_THROW(w.integer(40, 1), std::logic_error);
+    EXPECT_THROW(w.handle(1, AcDbHandle(1)), std::logic_error);
+    EXPECT_THROW(w.integer(2000, 1), std::logic_error) << "no such code";
+    EXPECT_TRUE(w.tags.empty());
+    w.handle(342, AcDbHandle(0x3B));
+    w.integer(290, 1);
+    EXPECT_EQ(w.tags.size(), 2u);
+}
+
 TEST(TextCodec, OldCodePagesAndEscapes)
 {
     // "Žluťoučký kůň" in Windows-1250.

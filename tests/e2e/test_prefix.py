@@ -13,6 +13,8 @@ import unittest
 
 import ezdxf
 
+import togu_e2e
+
 TOGU = None
 SOURCE = None
 
@@ -38,6 +40,8 @@ def run_togu(tmp, script, drawing, out):
         [TOGU, drawing, "-s", path, "-o", out, "--registry", os.path.join(tmp, "registry"),
          "--install", os.path.join(SOURCE, "data")],
         capture_output=True, timeout=60)
+    if os.path.exists(out):
+        togu_e2e.check_reopens(out)
     return proc.returncode, proc.stdout.decode("utf-8"), proc.stderr.decode("utf-8")
 
 
@@ -94,4 +98,5 @@ class Prefix(unittest.TestCase):
 
 if __name__ == "__main__":
     TOGU, SOURCE = sys.argv[1], sys.argv[2]
+    togu_e2e.configure(sys.argv)
     unittest.main(argv=sys.argv[:1])

@@ -13,6 +13,8 @@ import unittest
 
 import ezdxf
 
+import togu_e2e
+
 TOGU = None
 SOURCE = None
 
@@ -41,6 +43,8 @@ def run_togu(script, *args):
             [TOGU, "-s", path, "--registry", os.path.join(tmp, "registry"), "--install",
              os.path.join(SOURCE, "data"), *args],
             capture_output=True, timeout=60)
+        if "-o" in args and os.path.exists(args[args.index("-o") + 1]):
+            togu_e2e.check_reopens(args[args.index("-o") + 1])
         return proc.returncode, proc.stdout.decode("utf-8"), proc.stderr.decode("utf-8")
 
 
@@ -128,4 +132,5 @@ class StandardObjects(unittest.TestCase):
 if __name__ == "__main__":
     TOGU = os.path.abspath(sys.argv[1])
     SOURCE = os.path.abspath(sys.argv[2])
+    togu_e2e.configure(sys.argv)
     unittest.main(argv=sys.argv[:1], verbosity=2)

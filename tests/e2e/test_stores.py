@@ -14,6 +14,8 @@ import unittest
 
 import ezdxf
 
+import togu_e2e
+
 TOGU = None
 SOURCE = None
 QUESTION = "První spuštění - není nastavena např. předpona pro hladiny\nSpustit dialog nastavení Utilit?"
@@ -27,6 +29,8 @@ def run_togu(tmp, script, *args, registry):
     proc = subprocess.run(
         [TOGU, *args, "-s", path, "--registry", registry, "--install", os.path.join(SOURCE, "data")],
         capture_output=True, timeout=60)
+    if "-o" in args and os.path.exists(args[args.index("-o") + 1]):
+        togu_e2e.check_reopens(args[args.index("-o") + 1])
     return proc.returncode, proc.stdout.decode("utf-8"), proc.stderr.decode("utf-8")
 
 
@@ -149,4 +153,5 @@ if __name__ == "__main__":
     if len(sys.argv) < 3:
         sys.exit(__doc__)
     TOGU, SOURCE = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
+    togu_e2e.configure(sys.argv)
     unittest.main(argv=sys.argv[:1], verbosity=2)

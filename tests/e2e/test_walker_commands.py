@@ -16,6 +16,8 @@ import ezdxf
 from ezdxf.math import Vec2
 from ezdxf.render import mleader
 
+import togu_e2e
+
 TOGU = None
 SOURCE = None
 
@@ -75,6 +77,7 @@ def run_togu(tmp, script):
     stdout = proc.stdout.decode("utf-8")
     if proc.returncode != 0:
         raise AssertionError("togu failed (%d): %s\n%s" % (proc.returncode, proc.stderr.decode("utf-8"), stdout))
+    togu_e2e.check_reopens(out)
     return ezdxf.readfile(out), stdout
 
 
@@ -170,4 +173,5 @@ class WalkerCommands(unittest.TestCase):
 if __name__ == "__main__":
     TOGU = sys.argv[1]
     SOURCE = sys.argv[2]
+    togu_e2e.configure(sys.argv)
     unittest.main(argv=sys.argv[:1])

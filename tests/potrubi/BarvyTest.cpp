@@ -57,5 +57,5 @@ TEST(CTogTrueColorComboBox, MissingColourJoinsTheRecentOnesAndIsSelected)
     EXPECT_TRUE(dlg.vybrana.isByColor());
     EXPECT_EQ(dlg.vybrana.red(), 255);
     EXPECT_EQ(dlg.vybrana.green(), 128);
-    EXPECT_NE(s.transcript().find(L">255,128,0"), std::wstring::npos) << sim::toUtf8(s.transcript());
+    EXPECT_NE(s.transcript().find(L">RGB:255,128,0"), std::wstring::npos) << sim::toUtf8(s.transcript());
 }

@@ -17,28 +17,6 @@ TEST(TextTloustky, JmenaAStotinyMilimetru)
     EXPECT_EQ(TextTloustky(AcDb::kLnWt211), L"2.1");
 }
 
-TEST(BarevnyCombo, BarvuMimoSeznamPridaMeziNedavne)
-{
-    CTogTrueColorComboBox combo;
-    AcCmColor cervena;
-    cervena.setColorIndex(1);
-    EXPECT_TRUE(combo.NastavBarvu(cervena));
-    const int standardnich = combo.GetCount();
-    AcCmColor vybrana;
-    ASSERT_TRUE(combo.GetCurrentItemColor(vybrana));
-    EXPECT_EQ(vybrana, cervena);
-    AcCmColor rgb;
-    rgb.setRGB(10, 20, 30);
-    EXPECT_TRUE(combo.NastavBarvu(rgb));
-    EXPECT_TRUE(combo.NastavBarvu(rgb));
-    EXPECT_EQ(combo.GetCount(), standardnich + 1);
-    ASSERT_TRUE(combo.GetCurrentItemColor(vybrana));
-    EXPECT_EQ(vybrana, rgb);
-    EXPECT_TRUE(combo.NastavBarvu(AcCmColor(AcCmEntityColor::kByLayer)));
-    ASSERT_TRUE(combo.GetCurrentItemColor(vybrana));
-    EXPECT_TRUE(vybrana.isByLayer());
-}
-
 class InfoEntityTest : public SystemNaPlatforme {};
 
 TEST_F(InfoEntityTest, CaraVModeluSkryjeOddilBloku)
