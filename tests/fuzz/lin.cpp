@@ -18,7 +18,12 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     fuzz::session();
-    static const std::string path = "/tmp/togu-fuzz-" + std::to_string(getpid()) + ".lin";
+    // The loader reads a file by its name: one file of this process, removed at its end.
+    static const struct File {
+        std::string path = "/tmp/togu-fuzz-" + std::to_string(getpid()) + ".lin";
+        ~File() { std::remove(path.c_str()); }
+    } file;
+    const std::string& path = file.path;
     {
         std::ofstream out(path, std::ios::binary | std::ios::trunc);
         out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
