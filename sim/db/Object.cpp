@@ -137,7 +137,6 @@ Acad::ErrorStatus AcDbObject::upgradeOpen()
     if (Acad::ErrorStatus es = db->checkLockedLayer(this); es != Acad::eOk)
         return es;
     if (oi->readers == 1) {
-        db->touch(this);
         oi->readers = 0;
         oi->writer = true;
         db->noteOpenState(this);
@@ -189,6 +188,13 @@ bool AcDbObject::isWriteEnabled() const
 {
     const AcDbImpObject* oi = mpImpObject;
     return !oi->db ? !oi->detached : (oi->writer || oi->txnMode == 2);
+}
+void AcDbObject::assertWriteEnabled(Adesk::Boolean autoUndo, Adesk::Boolean)
+{
+    // The undo copy is taken here, at the first change, not at the open: a command that opens
+    // everything for write and changes little keeps copies of what it changed only.
+    if (autoUndo && mpImpObject->db)
+        AcDbImpDatabase::of(mpImpObject->db)->touch(this);
 }
 bool AcDbObject::isNotifyEnabled() const { return false; }
 bool AcDbObject::isNewObject() const { return mpImpObject->isNew; }
@@ -305,7 +311,7 @@ Acad::ErrorStatus AcDbObject::releaseExtensionDictionary()
 
 void AcDbObject::addPersistentReactor(AcDbObjectId objId)
 {
-    if (!isWriteEnabled())
+    if (!sim::db::beginChange(this))
         return;
     auto& r = mpImpObject->reactors.ensure();
     if (std::find(r.begin(), r.end(), objId) == r.end())
