@@ -1,6 +1,7 @@
 // AcDbObject: identity, open and close, erase, extended data, extension dictionary and reactors;
 // acdbOpenObject and its sisters; the ids' questions and ADS entity names.
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <cwchar>
 #include <cwctype>
@@ -58,7 +59,20 @@ AcDbObject& AcDbObject::operator=(const AcDbObject& other)
     return *this;
 }
 
-AcDbObject::~AcDbObject() { delete mpImpObject; }
+AcDbObject::~AcDbObject()
+{
+    // An object of a database is closed, never deleted: the database owns it. One deleted anyway
+    // leaves the database first, so that nothing later reaches freed memory, and the mistake is told.
+    AcDbImpObject* oi = mpImpObject;
+    if (AcDbImpDatabase* db = AcDbImpDatabase::of(oi->db); db && db->objects.find(oi->handle.value()) == this) {
+        std::fprintf(stderr, "Error: an object of a database (handle %llX) was deleted instead of closed.\n",
+                     static_cast<unsigned long long>(oi->handle.value()));
+        db->objects.release(oi->handle.value());
+        db->writeOpen.erase(this);
+        db->transactions->forget(this);
+    }
+    delete oi;
+}
 
 // --- identity ---------------------------------------------------------------------------------
 
