@@ -212,6 +212,7 @@ public:
 /// shows it.
 class CToolTipCtrl : public CWnd {
 public:
+    using CWnd::Create;
     BOOL Create(CWnd* pParentWnd, DWORD dwStyle = 0);
     int SetMaxTipWidth(int iWidth);
     BOOL AddTool(CWnd* pWnd, LPCWSTR lpszText);

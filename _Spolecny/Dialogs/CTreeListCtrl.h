@@ -24,6 +24,7 @@ public:
     /// Creates the control as the child 4100 of the dialog, in the placeholder's rectangle. Registers
     /// the window class "TreeList" at the first creation; throws CTogException when it can't.
     BOOL Create(DWORD dwStyle, CWnd* pDialog);
+    using CTreeCtrl::Create;
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 

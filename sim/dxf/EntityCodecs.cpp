@@ -531,7 +531,8 @@ protected:
     void readFields(AcDbText& e, Fields& f, ReadContext& cx) const override
     {
         readTextFields(e, f.sub("AcDbText"), cx);
-        e.setVerticalMode(static_cast<AcDb::TextVertMode>(f.sub("AcDbText", 1).int32(73)));
+        if (auto mode = enumValue(f.sub("AcDbText", 1).integer(73), AcDb::kTextBase, AcDb::kTextTop))
+            e.setVerticalMode(*mode);
     }
     void writeFields(const AcDbText& e, ObjectWriter& w, WriteContext& cx) const override
     {
@@ -572,7 +573,8 @@ protected:
         e.setVerifiable(a.flags & 4);
         e.setPreset(a.flags & 8);
         e.setFieldLength(static_cast<Adesk::UInt16>(a.fieldLength));
-        e.setVerticalMode(static_cast<AcDb::TextVertMode>(a.vertical));
+        if (auto mode = enumValue(a.vertical, AcDb::kTextBase, AcDb::kTextTop))
+            e.setVerticalMode(*mode);
         e.setLockPositionInBlock(a.locked);
         if (f.embedded()) {
             AcDbMText m;
@@ -624,7 +626,8 @@ protected:
         e.setTag(a.tag.c_str());
         e.setInvisible(a.flags & 1);
         e.setFieldLength(static_cast<Adesk::UInt16>(a.fieldLength));
-        e.setVerticalMode(static_cast<AcDb::TextVertMode>(a.vertical));
+        if (auto mode = enumValue(a.vertical, AcDb::kTextBase, AcDb::kTextTop))
+            e.setVerticalMode(*mode);
         e.setLockPositionInBlock(a.locked);
         if (f.embedded()) {
             AcDbMText m;

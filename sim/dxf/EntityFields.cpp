@@ -176,7 +176,8 @@ void readEntity(AcDbEntity& e, Fields& f, ReadContext& cx)
     if (index || trueColor)
         e.setColor(readColor(index ? static_cast<int>(index->integer) : 256, trueColor));
     if (const Tag* t = f.take(370))
-        e.setLineWeight(static_cast<AcDb::LineWeight>(t->integer));
+        if (auto lw = enumValue(t->integer, AcDb::kLnWtByLwDefault, AcDb::kLnWt211))
+            e.setLineWeight(*lw);
     if (const Tag* t = f.take(48))
         e.setLinetypeScale(t->real);
     if (f.integer(60) == 1)
@@ -220,7 +221,8 @@ void readTextFields(AcDbText& e, Fields& f, ReadContext& cx)
     int flags = f.int32(71);
     e.mirrorInX(flags & 2);
     e.mirrorInY(flags & 4);
-    e.setHorizontalMode(static_cast<AcDb::TextHorzMode>(f.int32(72)));
+    if (auto mode = enumValue(f.integer(72), AcDb::kTextLeft, AcDb::kTextFit))
+        e.setHorizontalMode(*mode);
     if (f.has(11))
         e.setAlignmentPoint(readOcsPoint(f, 11, n));
 }

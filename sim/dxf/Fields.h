@@ -2,6 +2,7 @@
 // marked; what no reader takes is kept with the object (see Preserved.h) and written back.
 #pragma once
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -69,5 +70,15 @@ private:
 
 /// UTF-8 to wide text with caret escapes decoded.
 std::wstring decodeText(std::string_view utf8);
+
+/// A group's integer as a value of a host enumeration whose values run from first to last; nothing
+/// for an integer out of that range, which the enumeration can't hold (casting it is undefined).
+template <class E>
+std::optional<E> enumValue(std::int64_t v, E first, E last)
+{
+    if (v < first || v > last)
+        return std::nullopt;
+    return static_cast<E>(v);
+}
 
 } // namespace sim::dxf

@@ -121,7 +121,8 @@ const std::vector<Var>& vars()
         out.push_back({"$INSUNITS", [](TagWriter& w, AcDbDatabase& db, WriteContext&) { w.integer(70, db.insunits()); },
                        [](AcDbDatabase& db, const std::vector<Tag>& g, ReadContext&, Gathered&) {
                            if (const Tag* t = first(g, 70))
-                               db.setInsunits(static_cast<AcDb::UnitsValue>(t->integer));
+                               if (auto units = enumValue(t->integer, AcDb::kUnitsUndefined, AcDb::kUnitsMax))
+                                   db.setInsunits(*units);
                        }});
         out.push_back(realVar("$LTSCALE", &AcDbDatabase::ltscale, &AcDbDatabase::setLtscale));
         out.push_back(realVar("$CELTSCALE", &AcDbDatabase::celtscale, &AcDbDatabase::setCeltscale));
@@ -163,7 +164,8 @@ const std::vector<Var>& vars()
         out.push_back({"$CELWEIGHT", [](TagWriter& w, AcDbDatabase& db, WriteContext&) { w.integer(370, db.celweight()); },
                        [](AcDbDatabase& db, const std::vector<Tag>& g, ReadContext&, Gathered&) {
                            if (const Tag* t = first(g, 370))
-                               db.setCelweight(static_cast<AcDb::LineWeight>(t->integer));
+                               if (auto lw = enumValue(t->integer, AcDb::kLnWtByLwDefault, AcDb::kLnWt211))
+                                   db.setCelweight(*lw);
                        }});
         out.push_back(ucsVar("$UCSORG", false, 0));
         out.push_back(ucsVar("$UCSXDIR", false, 1));

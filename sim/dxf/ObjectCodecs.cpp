@@ -28,7 +28,8 @@ public:
             sim::db::impOf(dict.get())->preservedTags.push_back({kRecordName, std::string(m_record)});
         f.sub("AcDbDictionary");
         bool hard = f.integer(280) != 0;
-        dict->setMergeStyle(static_cast<AcDb::DuplicateRecordCloning>(f.integer(281, AcDb::kDrcIgnore)));
+        if (auto drc = enumValue(f.integer(281, AcDb::kDrcIgnore), AcDb::kDrcNotApplicable, AcDb::kDrcUnmangleName))
+            dict->setMergeStyle(*drc);
         // Entries: a name (3), then its object (350 soft, 360 hard).
         int name = -1;
         for (int i = f.begin(); i < f.end(); ++i) {
@@ -85,7 +86,8 @@ public:
         f.sub("AcDbXrecord");
         int first = f.begin();
         if (first < f.end() && f.at(first).code == 280) {
-            x->setMergeStyle(static_cast<AcDb::DuplicateRecordCloning>(f.at(first).integer));
+            if (auto drc = enumValue(f.at(first).integer, AcDb::kDrcNotApplicable, AcDb::kDrcUnmangleName))
+                x->setMergeStyle(*drc);
             f.takeAt(first++);
         }
         if (first < f.end()) {

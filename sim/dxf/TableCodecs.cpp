@@ -288,7 +288,8 @@ protected:
         referByName(f, cx, &r, Ref::LayerLinetype, 6, linetype ? linetype->value : std::string_view("Continuous"));
         r.setIsPlottable(f.integer(290, 1) != 0);
         if (const Tag* lw = f.take(370))
-            r.setLineWeight(static_cast<AcDb::LineWeight>(lw->integer));
+            if (auto w = enumValue(lw->integer, AcDb::kLnWtByLwDefault, AcDb::kLnWt211))
+                r.setLineWeight(*w);
         // The description: the second string of the application's data.
         std::vector<Tag> d = takeXData(f.record(), kLayerDescriptionApp);
         if (d.size() >= 2 && d[1].code == 1000)

@@ -114,3 +114,33 @@ TEST_F(DamagedFile, ScrambledBytesNeverCrashAndWhatReadsWritesAgain)
         EXPECT_EQ(write(*read(out)), out) << "round " << round;
     }
 }
+
+TEST_F(DamagedFile, CodesBeyondTheirEnumerationsKeepTheDefaults)
+{
+    // Found by fuzzing: an alignment of 65 was cast into the host's enumeration before any check.
+    AcDbDatabase db;
+    auto* t = new AcDbText(AcGePoint3d(1, 2, 0), L"T", AcDbObjectId::kNull, 2.5, 0.0);
+    AcDbObjectId id = append(db, t);
+    std::string text = write(db);
+    auto insertAfter = [&text](const std::string& marker, size_t from, const std::string& groups) {
+        size_t at = text.find(marker, from);
+        ASSERT_NE(at, std::string::npos) << marker;
+        text.insert(at + marker.size(), groups);
+    };
+    size_t record = text.find("\nTEXT\n");
+    insertAfter("\nAcDbEntity\n", record, "370\n1000\n");
+    insertAfter("\nAcDbText\n", record, " 72\n65\n");
+    insertAfter("\nAcDbText\n", text.find("\nAcDbText\n", record) + 1, " 73\n-7\n");
+    size_t units = text.find("$INSUNITS\n 70\n");
+    ASSERT_NE(units, std::string::npos);
+    size_t value = units + std::string("$INSUNITS\n 70\n").size();
+    text.replace(value, text.find('\n', value) - value, "999");
+
+    auto back = read(text);
+    auto* r = same<AcDbText>(*back, id);
+    ASSERT_NE(r, nullptr);
+    EXPECT_EQ(r->horizontalMode(), AcDb::kTextLeft);
+    EXPECT_EQ(r->verticalMode(), AcDb::kTextBase);
+    EXPECT_EQ(r->lineWeight(), AcDb::kLnWtByLayer);
+    EXPECT_EQ(back->insunits(), db.insunits());
+}

@@ -76,4 +76,9 @@ TEST(KatalogCsv, RefusedLinesAreNamed)
     EXPECT_EQ(ChybnyRadek(kHlavicka + "X;;;1;0;1;---;---;DN;ne;;;Kruh;;;;;;\n"), 2);
     EXPECT_EQ(ChybnyRadek(kHlavicka + "X;;;1;1;1;---;---;DN;ne;;;Koule;;;;;;\n"), 2);
     EXPECT_EQ(ChybnyRadek(kHlavicka + "X;\"bez konce;;1;1;1;---;---;DN;ne;;;Kruh;;;;;;\n"), 2);
+    // A NUL would cut the name short, and a second line of "PE" then met a material of another name.
+    std::string sNulou = kMaterial;
+    sNulou.replace(0, 2, std::string("PE\0\0", 4));
+    EXPECT_EQ(ChybnyRadek(kHlavicka + kMaterial + profil + sNulou + "DN 80;70;10;0;;\n"), 4);
+    EXPECT_EQ(ChybnyRadek(kHlavicka + sNulou + profil), 2);
 }

@@ -154,6 +154,9 @@ struct Ctenar {
     std::wstring Siroky(int sloupec, size_t max) const
     {
         std::wstring s = sim::fromUtf8(Text(sloupec));
+        // The catalogue keeps its texts as C strings, which end at a NUL: "A\0B" would be stored as "A".
+        if (s.find(L'\0') != std::wstring::npos)
+            Chyba(sloupec, "holds a NUL character");
         if (s.size() > max)
             Chyba(sloupec, "longer than " + std::to_string(max) + " characters");
         return s;
