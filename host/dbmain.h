@@ -184,6 +184,8 @@ public:
     bool isErased() const;
     bool isReadEnabled() const;
     bool isWriteEnabled() const;
+    /// Called before a change: the first change in a transaction keeps the object's state for undo.
+    void assertWriteEnabled(Adesk::Boolean autoUndo = true, Adesk::Boolean recordModified = true);
     bool isNotifyEnabled() const;
     /// True for an object not yet closed since it was added to its database.
     bool isNewObject() const;

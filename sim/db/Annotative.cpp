@@ -142,7 +142,7 @@ Acad::ErrorStatus AcDbAnnotativeObjectPE::setAnnotative(AcDbObject* pObject, con
 {
     if (!pObject)
         return Acad::eNullObjectPointer;
-    if (!pObject->isWriteEnabled())
+    if (!sim::db::beginChange(pObject))
         return Acad::eNotOpenForWrite;
     if (auto* style = AcDbMLeaderStyle::cast(pObject))
         return style->setAnnotative(bAnnotative);
@@ -173,7 +173,7 @@ Acad::ErrorStatus AcDbObjectContextInterface::addContext(AcDbObject* pObject, co
     const wchar_t* record = contextDataRecord(pObject);
     if (!record)
         return Acad::eNotApplicable;
-    if (!pObject->isWriteEnabled())
+    if (!sim::db::beginChange(pObject))
         return Acad::eNotOpenForWrite;
     AcDbDatabase* db = pObject->database();
     if (!db)
@@ -232,7 +232,7 @@ Acad::ErrorStatus AcDbObjectContextInterface::removeContext(AcDbObject* pObject,
 {
     if (!pObject)
         return Acad::eNullObjectPointer;
-    if (!pObject->isWriteEnabled())
+    if (!sim::db::beginChange(pObject))
         return Acad::eNotOpenForWrite;
     std::wstring key = keyOfScale(pObject, storedScale(pObject->database(), context));
     if (key.empty())

@@ -44,7 +44,10 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& pOutputId
     AcDbImpDatabase* db = AcDbImpDatabase::of(database());
     if (!db)
         return Acad::eNoDatabase;
-    SIM_DB_ASSERT_WRITE();
+    // No undo copy of the record for an append: an abort takes the transaction's new entities out
+    // of their records' lists itself.
+    if (!isWriteEnabled())
+        return Acad::eNotOpenForWrite;
     if (pEntity->database())
         return Acad::eAlreadyInDb;
     for (AcDbObjectId ref : {pEntity->layerId(), pEntity->linetypeId()})

@@ -20,4 +20,18 @@
     do {                                                                                           \
         if (!isWriteEnabled())                                                                     \
             return Acad::eNotOpenForWrite;                                                         \
+        assertWriteEnabled();                                                                      \
     } while (0)
+
+#include "dbmain.h"
+namespace sim::db {
+/// For setters that ignore a change when the object is not writable: true (after keeping the state
+/// for undo) when the change may go ahead.
+inline bool beginChange(AcDbObject* obj)
+{
+    if (!obj->isWriteEnabled())
+        return false;
+    obj->assertWriteEnabled();
+    return true;
+}
+} // namespace sim::db

@@ -168,13 +168,13 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* srchKey, AcDbObject* newVal
 
 void AcDbDictionary::setTreatElementsAsHard(bool doIt)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_hard = doIt;
 }
 
 void AcDbDictionary::setMergeStyle(AcDb::DuplicateRecordCloning style)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_mergeStyle = style;
 }
 

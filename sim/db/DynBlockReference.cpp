@@ -10,6 +10,7 @@
 #include "dbmtext.h"
 #include "dbobjptr.h"
 #include "dbpl.h"
+#include "sim/db/DefineMembers.h"
 #include "sim/db/DynamicBlock.h"
 #include "sim/db/FileAccess.h"
 
@@ -410,7 +411,7 @@ Acad::ErrorStatus AcDbDynBlockReference::resetBlock()
             return opened.openStatus();
         ref = opened.object();
     }
-    if (!ref->isWriteEnabled())
+    if (!sim::db::beginChange(ref))
         return Acad::eNotOpenForWrite;
     Chain none(acutBuildList(AcDb::kDxfRegAppName, kDynamicBlockApp, 0), acutRelRb);
     ref->setXData(none.get());
@@ -426,7 +427,7 @@ Acad::ErrorStatus AcDbDynBlockReferenceProperty::setValue(const AcDbEvalVariant&
             return opened.openStatus();
         ref = opened.object();
     }
-    if (!ref->isWriteEnabled())
+    if (!sim::db::beginChange(ref))
         return Acad::eNotOpenForWrite;
     AcDbObjectId def = dynamicDefinitionOf(ref->blockTableRecord());
     std::vector<DynamicProperty> props = currentProperties(*ref, def);

@@ -148,7 +148,7 @@ void AcDbEntity::setDatabaseDefaults(bool doSubents) { setDatabaseDefaults(datab
 
 void AcDbEntity::setDatabaseDefaults(AcDbDatabase* pDb, bool)
 {
-    if (!pDb || !isWriteEnabled())
+    if (!pDb || !sim::db::beginChange(this))
         return;
     setIntendedDatabase(pDb);
     m_layerId = pDb->clayer();

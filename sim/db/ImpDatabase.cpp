@@ -128,7 +128,6 @@ Acad::ErrorStatus AcDbImpDatabase::open(AcDbObject*& out, AcDbObjectId id, AcDb:
             return Acad::eWasOpenForRead;
         if (Acad::ErrorStatus es = checkLockedLayer(obj); es != Acad::eOk)
             return es;
-        touch(obj);
         oi->writer = true;
         writeOpen.insert(obj);
     } else {

@@ -12,7 +12,7 @@ SIM_DB_DEFINE_MEMBERS(AcDbLeader, AcDbCurve, L"LEADER")
 
 Adesk::Boolean AcDbLeader::appendVertex(const AcGePoint3d& pt)
 {
-    if (!isWriteEnabled())
+    if (!sim::db::beginChange(this))
         return false;
     m_vertices.push_back(pt);
     return true;
@@ -20,7 +20,7 @@ Adesk::Boolean AcDbLeader::appendVertex(const AcGePoint3d& pt)
 
 void AcDbLeader::removeLastVertex()
 {
-    if (!isWriteEnabled() || m_vertices.size() <= 2)
+    if (!sim::db::beginChange(this) || m_vertices.size() <= 2)
         return;
     m_vertices.pop_back();
 }
@@ -37,7 +37,7 @@ AcGePoint3d AcDbLeader::vertexAt(int vertNo) const
 
 Adesk::Boolean AcDbLeader::setVertexAt(int vertNo, const AcGePoint3d& pt)
 {
-    if (!isWriteEnabled() || vertNo < 0 || vertNo >= numVertices())
+    if (!sim::db::beginChange(this) || vertNo < 0 || vertNo >= numVertices())
         return false;
     m_vertices[static_cast<size_t>(vertNo)] = pt;
     return true;
@@ -45,28 +45,28 @@ Adesk::Boolean AcDbLeader::setVertexAt(int vertNo, const AcGePoint3d& pt)
 
 void AcDbLeader::enableArrowHead()
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_arrowHead = true;
 }
 void AcDbLeader::disableArrowHead()
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_arrowHead = false;
 }
 void AcDbLeader::setToSplineLeader()
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_splined = true;
 }
 void AcDbLeader::setToStraightLeader()
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_splined = false;
 }
 
 void AcDbLeader::setDimensionStyle(const AcDbHardPointerId& styleId)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_dimStyle = styleId;
 }
 

@@ -151,7 +151,7 @@ Acad::ErrorStatus AcDbMText::contents(AcString& sContents) const
 }
 int AcDbMText::setContents(const ACHAR* text)
 {
-    if (!isWriteEnabled())
+    if (!sim::db::beginChange(this))
         return 0;
     m_contents = text ? text : L"";
     return static_cast<int>(m_contents.size());

@@ -1,6 +1,7 @@
 // AcDbObject: identity, open and close, erase, extended data, extension dictionary and reactors;
 // acdbOpenObject and its sisters; the ids' questions and ADS entity names.
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <cwchar>
 #include <cwctype>
@@ -59,7 +60,20 @@ AcDbObject& AcDbObject::operator=(const AcDbObject& other)
     return *this;
 }
 
-AcDbObject::~AcDbObject() { delete mpImpObject; }
+AcDbObject::~AcDbObject()
+{
+    // An object of a database is closed, never deleted: the database owns it. One deleted anyway
+    // leaves the database first, so that nothing later reaches freed memory, and the mistake is told.
+    AcDbImpObject* oi = mpImpObject;
+    if (AcDbImpDatabase* db = AcDbImpDatabase::of(oi->db); db && db->objects.find(oi->handle.value()) == this) {
+        std::fprintf(stderr, "Error: an object of a database (handle %llX) was deleted instead of closed.\n",
+                     static_cast<unsigned long long>(oi->handle.value()));
+        db->objects.release(oi->handle.value());
+        db->writeOpen.erase(this);
+        db->transactions->forget(this);
+    }
+    delete oi;
+}
 
 // --- identity ---------------------------------------------------------------------------------
 
@@ -141,7 +155,6 @@ Acad::ErrorStatus AcDbObject::upgradeOpen()
     if (Acad::ErrorStatus es = db->checkLockedLayer(this); es != Acad::eOk)
         return es;
     if (oi->readers == 1) {
-        db->touch(this);
         oi->readers = 0;
         oi->writer = true;
         db->noteOpenState(this);
@@ -193,6 +206,13 @@ bool AcDbObject::isWriteEnabled() const
 {
     const AcDbImpObject* oi = mpImpObject;
     return !oi->db ? !oi->detached : (oi->writer || oi->txnMode == 2);
+}
+void AcDbObject::assertWriteEnabled(Adesk::Boolean autoUndo, Adesk::Boolean)
+{
+    // The undo copy is taken here, at the first change, not at the open: a command that opens
+    // everything for write and changes little keeps copies of what it changed only.
+    if (autoUndo && mpImpObject->db)
+        AcDbImpDatabase::of(mpImpObject->db)->touch(this);
 }
 bool AcDbObject::isNotifyEnabled() const { return false; }
 bool AcDbObject::isNewObject() const { return mpImpObject->isNew; }
@@ -309,7 +329,7 @@ Acad::ErrorStatus AcDbObject::releaseExtensionDictionary()
 
 void AcDbObject::addPersistentReactor(AcDbObjectId objId)
 {
-    if (!isWriteEnabled())
+    if (!sim::db::beginChange(this))
         return;
     auto& r = mpImpObject->reactors.ensure();
     if (std::find(r.begin(), r.end(), objId) == r.end())

@@ -209,7 +209,7 @@ AcDbPolyline::SegType AcDbPolyline::segType(unsigned int index) const
 
 void AcDbPolyline::setClosed(bool closed)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_closed = closed;
 }
 
@@ -245,13 +245,13 @@ Acad::ErrorStatus AcDbPolyline::setConstantWidth(double width)
 
 void AcDbPolyline::setElevation(double elev)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_elevation = elev;
 }
 
 void AcDbPolyline::setNormal(const AcGeVector3d& norm)
 {
-    if (isWriteEnabled() && !norm.isZeroLength())
+    if (sim::db::beginChange(this) && !norm.isZeroLength())
         m_normal = norm.normal();
 }
 
@@ -264,7 +264,7 @@ Acad::ErrorStatus AcDbPolyline::setThickness(double thickness)
 
 void AcDbPolyline::setPlinegen(bool plinegen)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_plinegen = plinegen;
 }
 
@@ -287,7 +287,7 @@ Acad::ErrorStatus AcDbPolyline::setVertexIdentifierAt(unsigned int index, Adesk:
 
 void AcDbPolyline::reset(bool reuse, unsigned int numVerts)
 {
-    if (!isWriteEnabled())
+    if (!sim::db::beginChange(this))
         return;
     if (reuse && numVerts < m_verts.size())
         m_verts.resize(numVerts);

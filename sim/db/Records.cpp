@@ -24,18 +24,18 @@ Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen)
 }
 void AcDbLayerTableRecord::setIsOff(bool off)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_off = off;
 }
 void AcDbLayerTableRecord::setIsLocked(bool locked)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_locked = locked;
 }
 void AcDbLayerTableRecord::setColor(const AcCmColor& color)
 {
     // A layer has a colour of its own: neither by layer nor by block.
-    if (isWriteEnabled() && !color.isByLayer() && !color.isByBlock())
+    if (sim::db::beginChange(this) && !color.isByLayer() && !color.isByBlock())
         m_color = color;
 }
 Acad::ErrorStatus AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId id)
@@ -106,7 +106,7 @@ Acad::ErrorStatus AcDbLinetypeTableRecord::setPatternLength(double patternLength
 }
 void AcDbLinetypeTableRecord::setIsScaledToFit(bool scaledToFit)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_scaledToFit = scaledToFit;
 }
 Acad::ErrorStatus AcDbLinetypeTableRecord::setNumDashes(int count)
@@ -180,12 +180,12 @@ Acad::ErrorStatus AcDbLinetypeTableRecord::setTextAt(int index, const ACHAR* tex
 
 void AcDbTextStyleTableRecord::setIsShapeFile(bool shapeFile)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_shapeFile = shapeFile;
 }
 void AcDbTextStyleTableRecord::setIsVertical(bool vertical)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_vertical = vertical;
 }
 Acad::ErrorStatus AcDbTextStyleTableRecord::setTextSize(double size)
@@ -212,7 +212,7 @@ Acad::ErrorStatus AcDbTextStyleTableRecord::setObliquingAngle(double obliquingAn
 }
 void AcDbTextStyleTableRecord::setFlagBits(Adesk::UInt8 flagBits)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_flagBits = flagBits;
 }
 Acad::ErrorStatus AcDbTextStyleTableRecord::setPriorSize(double priorSize)
@@ -280,24 +280,24 @@ Acad::ErrorStatus AcDbTextStyleTableRecord::setFont(const ACHAR* pTypeface, bool
 
 void AcDbUCSTableRecord::setOrigin(const AcGePoint3d& newOrigin)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_origin = newOrigin;
 }
 void AcDbUCSTableRecord::setXAxis(const AcGeVector3d& xAxis)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_xAxis = xAxis;
 }
 void AcDbUCSTableRecord::setYAxis(const AcGeVector3d& yAxis)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_yAxis = yAxis;
 }
 
 #define SIM_DB_VOID_SETTER(CLASS, SETTER, TYPE, FIELD)                                             \
     void CLASS::SETTER(TYPE value)                                                                 \
     {                                                                                              \
-        if (isWriteEnabled())                                                                      \
+        if (sim::db::beginChange(this))                                                                      \
             FIELD = value;                                                                         \
     }
 

@@ -45,9 +45,6 @@ AcTransaction* TransactionManager::startTransaction()
     t->header = m_db.header;
     Transaction* raw = t.get();
     m_stack.push_back(std::move(t));
-    // Objects already open for write may be changed inside the new transaction without another open.
-    for (AcDbObject* obj : m_db.writeOpen)
-        touch(obj);
     return raw;
 }
 
@@ -89,6 +86,11 @@ Acad::ErrorStatus TransactionManager::abortTransaction()
         AcDbImpObject* oi = AcDbImpDatabase::imp(obj);
         if (m_db.objects.find(oi->handle.value()) != obj)
             continue;
+        if (auto* record = AcDbBlockTableRecord::cast(m_db.find(oi->owner.handle()))) {
+            std::vector<AcDbObjectId>& list = AcDbImpDatabase::entities(record);
+            if (auto it = std::find(list.rbegin(), list.rend(), obj->objectId()); it != list.rend())
+                list.erase(std::next(it).base());
+        }
         m_db.graveyard.emplace_back(m_db.objects.release(oi->handle.value()));
         m_db.writeOpen.erase(obj);
         forget(obj);
@@ -188,7 +190,6 @@ Acad::ErrorStatus TransactionManager::getObjectFor(Transaction& t, AcDbObject*& 
         if (oi->txnMode < 2)
             if (Acad::ErrorStatus es = m_db.checkLockedLayer(found); es != Acad::eOk)
                 return es;
-        touch(found);
         t.held[found] = 2;
         oi->txnMode = 2;
         m_db.noteOpenState(found);
@@ -219,7 +220,6 @@ void TransactionManager::noteAdded(AcDbObject* obj)
 
 void TransactionManager::upgradeHold(AcDbObject* obj)
 {
-    touch(obj);
     if (!m_stack.empty())
         m_stack.back()->held[obj] = 2;
     AcDbImpDatabase::imp(obj)->txnMode = 2;

@@ -47,12 +47,12 @@ Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& pRb, AcDbDatabase*)
 
 void AcDbXrecord::setXlateReferences(bool translate)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_xlate = translate;
 }
 
 void AcDbXrecord::setMergeStyle(AcDb::DuplicateRecordCloning style)
 {
-    if (isWriteEnabled())
+    if (sim::db::beginChange(this))
         m_mergeStyle = style;
 }

@@ -130,3 +130,20 @@ TEST_F(OpenRules, AdsNamesRoundTrip)
     EXPECT_NE(acdbGetObjectId(back, bogus), Acad::eOk);
     EXPECT_TRUE(back.isNull());
 }
+
+// Deleting an object of the database instead of closing it is a mistake the platform survives: the
+// object leaves the database, its id no longer opens, and the rest of the drawing goes on working.
+TEST_F(OpenRules, ObjectDeletedWhileInTheDatabaseLeavesIt)
+{
+    AcDbObjectId gone = addLine(0, 0, 10, 0);
+    AcDbObjectId kept = addLine(0, 0, 20, 0);
+    AcDbObject* obj = nullptr;
+    ASSERT_EQ(acdbOpenObject(obj, gone, AcDb::kForWrite), Acad::eOk);
+    testing::internal::CaptureStderr();
+    delete obj;
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("deleted instead of closed"), std::string::npos);
+    EXPECT_NE(acdbOpenObject(obj, gone, AcDb::kForRead), Acad::eOk);
+    AcDbObjectPointer<AcDbLine> line(kept, AcDb::kForWrite);
+    ASSERT_EQ(line.openStatus(), Acad::eOk);
+    EXPECT_EQ(line->setEndPoint(AcGePoint3d(30, 0, 0)), Acad::eOk);
+}

@@ -1,6 +1,7 @@
 // Transactions: objects got through them close at the end; an abort restores what was changed, added
 // or erased since the start (also through direct opens); an inner end hands its record to the outer.
 #include "DbFixture.h"
+#include "sim/db/Transactions.h"
 
 class Transactions : public DbFixture {
 protected:
@@ -29,7 +30,7 @@ TEST_F(Transactions, EndClosesWhatTheTransactionOpened)
     AcDbObject* viaRead = nullptr;
     ASSERT_EQ(tm->getObject(viaRead, id, AcDb::kForRead), Acad::eOk);
     moveEnd(id, 20);
-    // The transaction's write hold keeps direct openers out until the end.
+    // A direct opener gets in beside the transaction's write hold, as code that mixes both needs.
     AcDbObject* direct = nullptr;
     EXPECT_EQ(acdbOpenObject(direct, id, AcDb::kForRead), Acad::eOk);
     direct->close();
@@ -183,4 +184,46 @@ TEST_F(Transactions, ManagerOfTheWorkingDatabase)
     tm->endTransaction();
     EXPECT_EQ(tm->topTransaction(), nullptr);
     EXPECT_EQ(tm->getObject(obj, db.layerZero(), AcDb::kForRead), Acad::eNoActiveTransactions);
+}
+
+// Undo copies are taken at the first change, so a command that opens everything for write and changes
+// little keeps copies of what it changed only; appending to a block record takes no copy of its list.
+TEST_F(Transactions, UndoCopyIsTakenAtTheFirstChange)
+{
+    AcDbObjectId kept = addLine(0, 0, 10, 0);
+    AcDbObjectId moved = addLine(0, 0, 10, 0);
+    AcDbObjectId model;
+    {
+        AcDbBlockTableRecordPointer ms(ACDB_MODEL_SPACE, &db, AcDb::kForRead);
+        model = ms->objectId();
+    }
+    tm->startTransaction();
+    auto* top = static_cast<sim::db::Transaction*>(tm->topTransaction());
+    AcDbObject* obj = nullptr;
+    ASSERT_EQ(tm->getObject(obj, kept, AcDb::kForWrite), Acad::eOk);
+    ASSERT_EQ(tm->getObject(obj, model, AcDb::kForWrite), Acad::eOk);
+    EXPECT_TRUE(top->snapshots.empty());
+    moveEnd(moved, 30);
+    moveEnd(moved, 40);
+    EXPECT_EQ(top->snapshots.size(), 1u);
+
+    auto* line = new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 1, 0));
+    AcDbObjectId added;
+    ASSERT_EQ(AcDbBlockTableRecord::cast(obj)->appendAcDbEntity(added, line), Acad::eOk);
+    tm->addNewlyCreatedDBRObject(line);
+    EXPECT_EQ(top->snapshots.count(obj), 0u);
+    ASSERT_EQ(tm->abortTransaction(), Acad::eOk);
+
+    EXPECT_EQ(endOf(moved), AcGePoint3d(10, 0, 0));
+    AcDbBlockTableRecordPointer record(model, AcDb::kForRead);
+    AcDbBlockTableRecordIterator* it = nullptr;
+    ASSERT_EQ(record->newIterator(it), Acad::eOk);
+    std::vector<AcDbObjectId> ids;
+    for (; !it->done(); it->step()) {
+        AcDbObjectId id;
+        it->getEntityId(id);
+        ids.push_back(id);
+    }
+    delete it;
+    EXPECT_EQ(ids, (std::vector<AcDbObjectId>{kept, moved}));
 }
