@@ -8,6 +8,7 @@
 
 #include "cli/DrawingFiles.h"
 #include "cli/Installation.h"
+#include "cli/LineEditor.h"
 #include "cli/Paths.h"
 #include "rxregsvc.h"
 #include "sim/app/CommandLine.h"
@@ -68,7 +69,7 @@ int run(const Options& options, const fs::path& executable, std::istream& in, bo
         input = std::make_unique<sim::ScriptInput>(*text);
         scriptName = *options.script;
     } else if (inIsTerminal) {
-        input = std::make_unique<sim::StreamInput>(in);
+        input = std::make_unique<LineEditor>();
     } else {
         std::ostringstream piped;
         piped << in.rdbuf();
