@@ -50,6 +50,8 @@ std::optional<Options> parseOptions(const std::vector<std::string>& args, std::s
             ok = value(i, o.install);
         else if (a == "--registry")
             ok = value(i, o.registry);
+        else if (a == "--recover")
+            o.recover = true;
         else if (a == "--batch")
             ok = value(i, o.batch);
         else if (a == "--out-dir")
@@ -97,7 +99,7 @@ std::optional<Options> parseOptions(const std::vector<std::string>& args, std::s
         return std::nullopt;
     }
     const bool conversion = o.catalogueExport || o.catalogueImport;
-    if (conversion && (o.drawing || o.batch || o.script || o.output || o.svg || o.install || o.registry ||
+    if (conversion && (o.drawing || o.batch || o.recover || o.script || o.output || o.svg || o.install || o.registry ||
                        (o.catalogueExport && o.catalogueImport))) {
         error = "a catalogue conversion runs alone, without a drawing, a script or other options";
         return std::nullopt;
@@ -107,8 +109,9 @@ std::optional<Options> parseOptions(const std::vector<std::string>& args, std::s
 
 std::string usage()
 {
-    return "usage: togu [drawing.dxf] [-s script] [-o out.dxf] [--svg out.svg] [--install DIR] [--registry DIR]\n"
+    return "usage: togu [--recover] [drawing.dxf] [-s script] [-o out.dxf] [--svg out.svg] [--install DIR] [--registry DIR]\n"
            "  drawing.dxf     the drawing to work on (default: a new drawing in millimetres)\n"
+           "  --recover       read a damaged drawing, repairing what must be and printing each repair\n"
            "  -s script       run the script's lines (default: type them at the keyboard)\n"
            "  -o out.dxf      save the drawing there at the end\n"
            "  --svg out.svg   draw the drawing there as an SVG picture at the end\n"
