@@ -7,21 +7,22 @@
 
 #include "acdocman.h"
 #include "sim/core/Session.h"
+#include "sim/db/DatabaseAccess.h"
 #include "sim/db/Documents.h"
 #include "sim/dxf/DxfFile.h"
-#include "sim/dxf/HostCommands.h"
 #include "sim/dxf/Svg.h"
-#include "sim/dxf/Template.h"
 
 namespace togu::cli {
 
 namespace {
 
-/// The DXF module serves the database's file calls and adds its host commands.
+/// The DXF module serves the database's file calls, a new drawing's template among them (a
+/// database built with its default drawing asks the format to complete it), unless a file format is
+/// installed already.
 void useDxf()
 {
-    sim::dxf::installFileFormat();
-    sim::dxf::addHostCommands();
+    if (!sim::db::fileFormat())
+        sim::dxf::installFileFormat();
 }
 
 AcDbDatabase* currentDatabase()
@@ -36,7 +37,6 @@ std::string newDrawing()
 {
     useDxf();
     auto db = std::make_unique<AcDbDatabase>(true);
-    sim::dxf::completeNewDrawing(*db);
     return sim::db::openDocument(std::move(db)) ? std::string() : std::string("cannot make a new drawing");
 }
 

@@ -1,5 +1,5 @@
 // Dimensions: AcDbDimension with its style, text and overrides, the aligned dimension and the
-// rotated (linear) dimension. The platform draws no dimension block; it keeps the one a file has.
+// rotated (linear) dimension. The platform keeps the block a file has and draws one for a new dimension.
 #pragma once
 #include <string>
 #include "dbmain.h"
@@ -42,6 +42,10 @@ public:
     Acad::ErrorStatus setDimstyleData(AcDbDimStyleTableRecord* pNewData);
     /// The block of the dimension's graphics, null when it has none.
     AcDbObjectId dimBlockId() const { return m_block; }
+    /// Draws the dimension's graphics anew into its block (a new anonymous "*D" block when it has
+    /// none): extension lines, dimension line, arrows and text as its style lays them out. The host
+    /// does it when a new dimension is closed; only linear dimensions in a database have graphics.
+    Acad::ErrorStatus recomputeDimBlock(bool forceUpdate = true);
 
 protected:
     AcDbDimension() = default;

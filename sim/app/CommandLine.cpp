@@ -7,9 +7,9 @@
 #include "sim/app/CommandStack.h"
 #include "sim/app/DoubleClick.h"
 #include "sim/app/LispCall.h"
+#include "sim/commands/HostCommands.h"
 #include "sim/core/Session.h"
 #include "sim/editor/EditorState.h"
-#include "sim/editor/HostCommands.h"
 
 namespace sim::app {
 
@@ -80,7 +80,7 @@ bool runCommandLine(std::wstring_view line)
         sim::editor::endCommand(); // the pickfirst set and a pending acedInitGet end with the command
         return ok;
     }
-    if (auto host = sim::editor::HostCommands::find(text)) {
+    if (auto host = sim::commands::HostCommands::find(text)) {
         std::wstring name = L"the command " + upper(text);
         bool ok = guarded(name, host);
         sim::editor::endCommand();

@@ -7,6 +7,7 @@
 
 #include "dbapserv.h"
 #include "dbdict.h"
+#include "dbdim.h"
 #include "dbmain.h"
 #include "sim/db/DefineMembers.h"
 #include "sim/db/ImpDatabase.h"
@@ -113,6 +114,9 @@ Acad::ErrorStatus AcDbObject::close()
     if (!oi->db)
         return Acad::eOk;
     if (oi->writer) {
+        // The host draws a new dimension's graphics when it is closed.
+        if (auto* dim = AcDbDimension::cast(this); dim && dim->dimBlockId().isNull())
+            dim->recomputeDimBlock();
         oi->writer = false;
         oi->isNew = false;
         AcDbImpDatabase::of(oi->db)->noteOpenState(this);

@@ -11,9 +11,11 @@
 #include "sim/editor/InputParse.h"
 #include "sim/editor/SysVars.h"
 #include "sim/editor/Ucs.h"
-#include "sim/editor/commands/Commands.h"
+#include "sim/commands/Commands.h"
 
-namespace sim::editor::commands {
+namespace sim::commands {
+
+using namespace sim::editor;
 
 namespace {
 
@@ -228,4 +230,4 @@ void ucs()
     }
 }
 
-} // namespace sim::editor::commands
+} // namespace sim::commands

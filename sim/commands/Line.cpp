@@ -6,9 +6,11 @@
 #include "dbents.h"
 #include "dbobjptr.h"
 #include "sim/editor/Ucs.h"
-#include "sim/editor/commands/Commands.h"
+#include "sim/commands/Commands.h"
 
-namespace sim::editor::commands {
+namespace sim::commands {
+
+using namespace sim::editor;
 
 void line()
 {
@@ -52,4 +54,4 @@ void line()
     }
 }
 
-} // namespace sim::editor::commands
+} // namespace sim::commands

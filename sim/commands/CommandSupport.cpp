@@ -5,9 +5,11 @@
 #include "dbobjptr.h"
 #include "sim/editor/Prompting.h"
 #include "sim/editor/Ucs.h"
-#include "sim/editor/commands/Commands.h"
+#include "sim/commands/Commands.h"
 
-namespace sim::editor::commands {
+namespace sim::commands {
+
+using namespace sim::editor;
 
 void say(const wchar_t* format, ...)
 {
@@ -40,4 +42,4 @@ AcDbObjectId appendToSpace(AcDbEntity* entity)
     return id;
 }
 
-} // namespace sim::editor::commands
+} // namespace sim::commands

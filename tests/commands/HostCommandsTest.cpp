@@ -1,12 +1,12 @@
 // The host's own commands as scripts drive them: the table's lookup, and the drawings they build.
-#include "EditorFixture.h"
+#include "editor/EditorFixture.h"
 
 #include <cmath>
 
 #include "dbpl.h"
-#include "sim/editor/HostCommands.h"
+#include "sim/commands/HostCommands.h"
 
-using sim::editor::HostCommands;
+using sim::commands::HostCommands;
 
 namespace {
 

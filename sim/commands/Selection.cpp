@@ -2,9 +2,11 @@
 #include "acedads.h"
 #include "dbobjptr.h"
 #include "sim/editor/EditorState.h"
-#include "sim/editor/commands/Commands.h"
+#include "sim/commands/Commands.h"
 
-namespace sim::editor::commands {
+namespace sim::commands {
+
+using namespace sim::editor;
 
 void pickfirst()
 {
@@ -39,4 +41,4 @@ void erase()
     acedSSFree(ss);
 }
 
-} // namespace sim::editor::commands
+} // namespace sim::commands

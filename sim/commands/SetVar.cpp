@@ -5,9 +5,11 @@
 #include "sim/editor/InputParse.h"
 #include "sim/editor/Keywords.h"
 #include "sim/editor/SysVars.h"
-#include "sim/editor/commands/Commands.h"
+#include "sim/commands/Commands.h"
 
-namespace sim::editor::commands {
+namespace sim::commands {
+
+using namespace sim::editor;
 
 namespace {
 std::wstring g_lastName = L"OSMODE";
@@ -63,4 +65,4 @@ void setvar()
     setvarNamed(upperCase(name));
 }
 
-} // namespace sim::editor::commands
+} // namespace sim::commands

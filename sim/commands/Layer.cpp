@@ -15,9 +15,11 @@
 #include "sim/editor/Keywords.h"
 #include "sim/editor/SelectionFilter.h"
 #include "sim/editor/Ucs.h"
-#include "sim/editor/commands/Commands.h"
+#include "sim/commands/Commands.h"
 
-namespace sim::editor::commands {
+namespace sim::commands {
+
+using namespace sim::editor;
 
 namespace {
 
@@ -330,4 +332,4 @@ void layer()
     }
 }
 
-} // namespace sim::editor::commands
+} // namespace sim::commands

@@ -11,9 +11,11 @@
 #include "sim/editor/Picking.h"
 #include "sim/editor/SysVars.h"
 #include "sim/editor/Ucs.h"
-#include "sim/editor/commands/Commands.h"
+#include "sim/commands/Commands.h"
 
-namespace sim::editor::commands {
+namespace sim::commands {
+
+using namespace sim::editor;
 
 namespace {
 
@@ -99,4 +101,4 @@ void zoom()
     }
 }
 
-} // namespace sim::editor::commands
+} // namespace sim::commands

@@ -10,9 +10,11 @@
 #include "sim/editor/DbNames.h"
 #include "sim/editor/Keywords.h"
 #include "sim/editor/Ucs.h"
-#include "sim/editor/commands/Commands.h"
+#include "sim/commands/Commands.h"
 
-namespace sim::editor::commands {
+namespace sim::commands {
+
+using namespace sim::editor;
 
 namespace {
 
@@ -177,4 +179,4 @@ void text()
     }
 }
 
-} // namespace sim::editor::commands
+} // namespace sim::commands

@@ -6,9 +6,11 @@
 #include "acedads.h"
 #include "dbents.h"
 #include "sim/editor/Ucs.h"
-#include "sim/editor/commands/Commands.h"
+#include "sim/commands/Commands.h"
 
-namespace sim::editor::commands {
+namespace sim::commands {
+
+using namespace sim::editor;
 
 namespace {
 
@@ -104,4 +106,4 @@ void circle()
     make(centre, r);
 }
 
-} // namespace sim::editor::commands
+} // namespace sim::commands

@@ -7,9 +7,11 @@
 #include "acedads.h"
 #include "dbpl.h"
 #include "sim/editor/Ucs.h"
-#include "sim/editor/commands/Commands.h"
+#include "sim/commands/Commands.h"
 
-namespace sim::editor::commands {
+namespace sim::commands {
+
+using namespace sim::editor;
 
 namespace {
 
@@ -163,4 +165,4 @@ void pline()
     build(v, false);
 }
 
-} // namespace sim::editor::commands
+} // namespace sim::commands

@@ -1,20 +1,23 @@
 // The table of host commands.
-#include "sim/editor/HostCommands.h"
+#include "sim/commands/HostCommands.h"
 
 #include <algorithm>
 #include <map>
 
+#include "sim/commands/Commands.h"
 #include "sim/editor/Keywords.h"
 #include "sim/editor/SysVars.h"
-#include "sim/editor/commands/Commands.h"
 
-namespace sim::editor {
+namespace sim::commands {
+
+using sim::editor::findVar;
+using sim::editor::upperCase;
 
 namespace {
 
 std::map<std::wstring, HostCommandFn>& table()
 {
-    namespace c = commands;
+    namespace c = sim::commands;
     static std::map<std::wstring, HostCommandFn> t = {
         {L"LINE", c::line},
         {L"PLINE", c::pline},
@@ -26,6 +29,16 @@ std::map<std::wstring, HostCommandFn>& table()
         {L"PICKFIRST", c::pickfirst},
         {L"ERASE", c::erase},
         {L"ZOOM", c::zoom},
+        {L"SAVEAS", c::saveAs},
+        {L"QSAVE", c::qsave},
+        {L"SAVE", c::saveAs},
+        {L"INSERT", c::insert},
+        {L"-INSERT", c::insert},
+        {L"ARC", c::arc},
+        {L"MTEXT", c::mtext},
+        {L"-MTEXT", c::mtext},
+        {L"LAYOUT", c::layout},
+        {L"-LAYOUT", c::layout},
     };
     return t;
 }
@@ -56,7 +69,7 @@ HostCommandFn HostCommands::find(std::wstring_view typed)
     if (name == L"LAYER" || name == L"LA")
         return t[L"-LAYER"];
     if (findVar(name))
-        return [name] { commands::setvarNamed(name); };
+        return [name] { setvarNamed(name); };
     return {};
 }
 
@@ -70,4 +83,4 @@ std::vector<std::wstring> HostCommands::names()
     return n;
 }
 
-} // namespace sim::editor
+} // namespace sim::commands

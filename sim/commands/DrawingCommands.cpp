@@ -1,7 +1,6 @@
-// The host commands of the drawing-file module, prompting as the host's command line does with file
+// The host commands that read and write drawing files (_SAVEAS, _QSAVE, _INSERT from a file), build
+// arcs and multiline texts, and switch layouts, prompting as the host's command line does with file
 // dialogs off (FILEDIA 0, ATTDIA 0).
-#include "sim/dxf/HostCommands.h"
-
 #include <cmath>
 #include <cwchar>
 #include <filesystem>
@@ -25,16 +24,15 @@
 #include "sim/db/FileAccess.h"
 #include "sim/db/Geometry.h"
 #include "sim/dxf/DxfFile.h"
-#include "sim/editor/HostCommands.h"
+#include "sim/commands/Commands.h"
 #include "sim/editor/Ucs.h"
-#include "sim/editor/commands/Commands.h"
 
-namespace sim::dxf {
+namespace sim::commands {
+
+using namespace sim::dxf;
+using namespace sim::editor;
 
 namespace {
-
-using sim::editor::commands::appendToSpace;
-using sim::editor::commands::say;
 
 constexpr size_t kLine = 2048;
 constexpr double kPi = 3.14159265358979323846;
@@ -327,7 +325,6 @@ void arcFromEnds(const AcGeVector3d& n, const AcGePoint3d& start, AcGePoint3d en
 
 } // namespace
 
-namespace commands {
 
 void saveAs()
 {
@@ -703,20 +700,4 @@ void layout()
     acedSetVar(L"CVPORT", &viewport);
 }
 
-} // namespace commands
-
-void addHostCommands()
-{
-    sim::editor::HostCommands::add(L"SAVEAS", commands::saveAs);
-    sim::editor::HostCommands::add(L"QSAVE", commands::qsave);
-    sim::editor::HostCommands::add(L"SAVE", commands::saveAs);
-    sim::editor::HostCommands::add(L"INSERT", commands::insert);
-    sim::editor::HostCommands::add(L"-INSERT", commands::insert);
-    sim::editor::HostCommands::add(L"ARC", commands::arc);
-    sim::editor::HostCommands::add(L"MTEXT", commands::mtext);
-    sim::editor::HostCommands::add(L"-MTEXT", commands::mtext);
-    sim::editor::HostCommands::add(L"LAYOUT", commands::layout);
-    sim::editor::HostCommands::add(L"-LAYOUT", commands::layout);
-}
-
-} // namespace sim::dxf
+} // namespace sim::commands
