@@ -29,6 +29,8 @@ pid_t start(const fs::path& executable, const Options& o, const Job& job)
 {
     std::vector<std::string> args = {executable.string(), job.drawing.string(), "-s", *o.batch, "-o",
                                      job.output.string()};
+    if (o.recover)
+        args.push_back("--recover");
     if (o.install)
         args.insert(args.end(), {"--install", *o.install});
     if (o.registry)

@@ -11,7 +11,7 @@
 
 #include "cli/Completion.h"
 #include "sim/app/CommandStack.h"
-#include "sim/editor/HostCommands.h"
+#include "sim/commands/HostCommands.h"
 
 namespace togu::cli {
 
@@ -42,7 +42,7 @@ std::vector<std::string> commandNames()
         names.push_back(sim::toUtf8(it->command()->globalName()));
         names.push_back(sim::toUtf8(it->command()->localName()));
     }
-    for (const auto& name : sim::editor::HostCommands::names())
+    for (const auto& name : sim::commands::HostCommands::names())
         names.push_back(sim::toUtf8(name));
     return names;
 }
@@ -112,8 +112,6 @@ void LineEditor::setPrompt(std::wstring_view lineSoFar)
 {
     m_state->prompt = sim::toUtf8(lineSoFar);
     m_state->atCommand = lineSoFar == L"Command: ";
-    // The start of the line may already be on the screen: the editor draws it again over it.
-    std::fputc('\r', stdout);
 }
 
 std::optional<sim::InputLine> LineEditor::read()

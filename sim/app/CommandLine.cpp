@@ -107,7 +107,7 @@ bool commandLoop()
             std::wstring_view typed = trim(*line);
             if (typed.empty())
                 *line = last;
-            else if (commandStack().lookupTyped(typed) || sim::editor::HostCommands::find(typed))
+            else if (commandStack().lookupTyped(typed) || sim::commands::HostCommands::find(typed))
                 last = typed;
         }
         runCommandLine(*line);
