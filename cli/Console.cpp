@@ -8,6 +8,7 @@
 
 #include "cli/DrawingFiles.h"
 #include "cli/Installation.h"
+#include "cli/LineEditor.h"
 #include "cli/Paths.h"
 #include "rxregsvc.h"
 #include "sim/app/CommandLine.h"
@@ -68,7 +69,7 @@ int run(const Options& options, const fs::path& executable, std::istream& in, bo
         input = std::make_unique<sim::ScriptInput>(*text);
         scriptName = *options.script;
     } else if (inIsTerminal) {
-        input = std::make_unique<sim::StreamInput>(in);
+        input = std::make_unique<LineEditor>();
     } else {
         std::ostringstream piped;
         piped << in.rdbuf();
@@ -81,9 +82,18 @@ int run(const Options& options, const fs::path& executable, std::istream& in, bo
     auto registry = openRegistry(inst, registryError);
     if (!registry)
         return failed(registryError);
-    if (std::string e = options.drawing ? openDrawing(*options.drawing) : newDrawing(); !e.empty()) {
+    std::vector<std::string> repairs;
+    if (std::string e = options.drawing ? openDrawing(*options.drawing, options.recover ? &repairs : nullptr)
+                                        : newDrawing();
+        !e.empty()) {
         closeDrawings();
         return failed(e);
+    }
+    if (options.recover && options.drawing) {
+        for (const auto& r : repairs)
+            out << "Recover: " << r << "\n";
+        out << "Recover: " << *options.drawing << ": " << repairs.size()
+            << (repairs.size() == 1 ? " repair" : " repairs") << "\n";
     }
 
     std::wstring loadError;

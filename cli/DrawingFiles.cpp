@@ -40,11 +40,11 @@ std::string newDrawing()
     return sim::db::openDocument(std::move(db)) ? std::string() : std::string("cannot make a new drawing");
 }
 
-std::string openDrawing(const std::string& path)
+std::string openDrawing(const std::string& path, std::vector<std::string>* repairs)
 {
     useDxf();
     auto db = std::make_unique<AcDbDatabase>(false, true);
-    if (std::string e = sim::dxf::readDrawingFile(*db, sim::fromUtf8(path)); !e.empty())
+    if (std::string e = sim::dxf::readDrawingFile(*db, sim::fromUtf8(path), repairs); !e.empty())
         return e;
     return sim::db::openDocument(std::move(db), sim::fromUtf8(path)) ? std::string() : "cannot open " + path;
 }

@@ -16,6 +16,12 @@ struct Options {
     std::optional<std::string> install; ///< the installation folder; none gives the shipped data
     std::optional<std::string> registry; ///< the folder of the .reg files; none gives the user's
     bool help = false;
+    bool recover = false; ///< --recover: read a damaged drawing as the host's RECOVER does
+    /// --batch SCRIPT [--out-dir DIR] [-j N] FILES...: the script run over each of the files.
+    std::optional<std::string> batch;
+    std::optional<std::string> outDir; ///< where a batch run saves; none saves each file in place
+    int jobs = 1;                      ///< how many drawings of a batch run at a time
+    std::vector<std::string> batchFiles;
     /// --catalogue-export FILE.tgp OUT.csv and --catalogue-import IN.csv OUT.tgp: from and to.
     std::optional<std::pair<std::string, std::string>> catalogueExport;
     std::optional<std::pair<std::string, std::string>> catalogueImport;

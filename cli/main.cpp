@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/Batch.h"
 #include "cli/Console.h"
 #include "cli/Options.h"
 #include "cli/Paths.h"
@@ -23,6 +24,9 @@ int main(int argc, char** argv)
         std::cout << togu::cli::usage();
         return 0;
     }
+    if (options->batch)
+        return togu::cli::runBatch(*options, togu::cli::executablePath(argc > 0 ? argv[0] : nullptr), std::cout,
+                                   std::cerr);
     if (options->catalogueExport || options->catalogueImport) {
         std::string chyba = options->catalogueExport
                                 ? togu::katalog::ExportujKatalog(options->catalogueExport->first,

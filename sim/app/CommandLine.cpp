@@ -98,10 +98,18 @@ bool runCommandLine(std::wstring_view line)
 bool commandLoop()
 {
     Session& session = Session::current();
+    std::wstring last; // at the keyboard, an empty line repeats the last command, as at the host
     for (;;) {
         auto line = session.ask(L"Command: ");
         if (!line)
             return !session.failure(); // the input ended at the command prompt: the normal end
+        if (session.interactive()) {
+            std::wstring_view typed = trim(*line);
+            if (typed.empty())
+                *line = last;
+            else if (commandStack().lookupTyped(typed) || sim::commands::HostCommands::find(typed))
+                last = typed;
+        }
         runCommandLine(*line);
         if (failIfPromptWaiting() || session.failure())
             return false;

@@ -150,7 +150,13 @@ std::optional<std::wstring> Session::ask(std::wstring_view prompt)
         prompt.remove_prefix(1);
     else if (!m_atLineStart && (prompt.empty() || prompt.front() != L'\n'))
         write(L"\n");
-    write(prompt);
+    if (m_input && m_input->showsPrompt()) {
+        m_transcript.append(prompt);
+        m_atLineStart = false;
+        m_input->setPrompt(std::wstring_view(m_transcript).substr(m_transcript.rfind(L'\n') + 1));
+    } else {
+        write(prompt);
+    }
     auto line = readLine();
     if (!line) {
         m_waiting = std::wstring(prompt);

@@ -23,6 +23,10 @@ public:
     virtual std::optional<InputLine> read() = 0;
     /// Keyboard input: the user sees prompts as they come and types the answers himself.
     virtual bool interactive() const { return false; }
+    /// A line editor shows the prompt itself: before each read it is given the text of the line so
+    /// far, the prompt at its end, instead of the transcript's echo showing it.
+    virtual bool showsPrompt() const { return false; }
+    virtual void setPrompt(std::wstring_view /*lineSoFar*/) {}
 };
 
 /// Lines of a script held in memory (UTF-8 text, CR LF or LF).

@@ -147,7 +147,7 @@ private:
 
 } // namespace
 
-std::string readDrawingFile(AcDbDatabase& db, const std::wstring& path)
+std::string readDrawingFile(AcDbDatabase& db, const std::wstring& path, std::vector<std::string>* repairs)
 {
     fs::path file = toPath(readablePath(path));
     MappedFile mapped(file.string());
@@ -159,9 +159,9 @@ std::string readDrawingFile(AcDbDatabase& db, const std::wstring& path)
     }
     try {
         if (mapped.ok())
-            readDxf(db, mapped.text(), [&](size_t upTo) { mapped.release(upTo); });
+            readDxf(db, mapped.text(), [&](size_t upTo) { mapped.release(upTo); }, repairs);
         else
-            readDxf(db, text);
+            readDxf(db, text, {}, repairs);
     } catch (const DxfError& e) {
         return failed + ", " + e.what();
     } catch (const std::exception& e) {

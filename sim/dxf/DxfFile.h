@@ -3,6 +3,7 @@
 // file format the database's readDwgFile and saveAs reach.
 #pragma once
 #include <string>
+#include <vector>
 
 #include "dbmain.h"
 
@@ -16,7 +17,8 @@ std::wstring readablePath(const std::wstring& path);
 
 /// Reads a drawing file into an empty database. Empty on success; else the whole message ("cannot
 /// open x.dxf: no such file", with the line for a damaged file), and the database is empty again.
-std::string readDrawingFile(AcDbDatabase& db, const std::wstring& path);
+/// With repairs given, a damaged file is recovered (see readDxf) and each repair told there.
+std::string readDrawingFile(AcDbDatabase& db, const std::wstring& path, std::vector<std::string>* repairs = nullptr);
 /// Writes the database to the file through a temporary file; an old file of the name becomes the
 /// .bak when keepBackup. Empty on success; else the whole message ("cannot save x.dxf: ..."), and
 /// the file is as it was.

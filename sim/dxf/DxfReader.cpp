@@ -17,6 +17,7 @@
 #include "sim/dxf/TableCodecs.h"
 #include "sim/dxf/TagReader.h"
 #include "sim/dxf/TagStorage.h"
+#include "sim/dxf/Recovery.h"
 #include "sim/dxf/Template.h"
 #include "sim/dxf/TextCodec.h"
 #include "sim/dxf/XData.h"
@@ -33,8 +34,10 @@ bool isEntityCodec(const Codec* c) { return c && c->objectClass()->isDerivedFrom
 
 class Loader {
 public:
-    Loader(AcDbDatabase& db, std::string_view text, const std::function<void(size_t)>& consumed)
-        : m_db(db), m_text(text), m_reader(text), m_cx(&db), m_consumed(consumed), m_heap(text.size())
+    Loader(AcDbDatabase& db, std::string_view text, const std::function<void(size_t)>& consumed,
+           std::vector<std::string>* repairs)
+        : m_db(db), m_text(text), m_reader(text), m_cx(&db), m_consumed(consumed), m_heap(text.size()),
+          m_repairs(repairs)
     {
     }
 
@@ -218,6 +221,26 @@ private:
                 btrId = m_cx.id(m_rec.owner);
             else
                 btrId = m_cx.find(sim::db::kBlockTable, name);
+            std::string recovered;
+            if (btrId.isNull() && m_repairs && !sim::db::tableId(&m_db, sim::db::kBlockTable).isNull()) {
+                recovered = str(name);
+                if (recovered.empty() || !m_cx.find(sim::db::kBlockTable, recovered).isNull()) {
+                    do
+                        recovered = "RECOVERED_" + std::to_string(++m_recoveredBlocks);
+                    while (!m_cx.find(sim::db::kBlockTable, recovered).isNull());
+                    m_repairs->push_back("line " + std::to_string(line) + ": a block without a name, named " +
+                                         recovered);
+                }
+                // Under the handle its entities and its layout name it by, when the file gives one,
+                // else above the file's handles.
+                AcDbHandle handle = m_rec.hasOwner ? m_rec.owner : AcDbHandle();
+                if (handle.isNull())
+                    handle = AcDbHandle(std::max<Adesk::UInt64>(m_header.handseed ? m_header.handseed->value() : 0,
+                                                                m_text.size()) + ++m_recoveredHandles);
+                btrId = makeRecord(sim::db::kBlockTable, recovered, handle);
+                m_repairs->push_back("line " + std::to_string(line) + ": the block \"" + recovered +
+                                     "\" had no record in the BLOCK_RECORD table; made one");
+            }
             if (btrId.isNull()) {
                 delete begin;
                 throw DxfError(line, "the block \"" + str(name) + "\" has no record in the BLOCK_RECORD table");
@@ -396,7 +419,7 @@ private:
     }
 
     /// A record of the name with the host's defaults, for a name the file uses but does not define.
-    AcDbObjectId makeRecord(TableKind kind, const std::string& name)
+    AcDbObjectId makeRecord(TableKind kind, const std::string& name, AcDbHandle handle = AcDbHandle())
     {
         AcDbSymbolTableRecord* rec = nullptr;
         switch (kind) {
@@ -424,12 +447,15 @@ private:
         }
         sim::db::setRecordName(rec, sim::fromUtf8(name));
         AcDbObjectId tableId = sim::db::tableId(&m_db, kind), id;
-        if (sim::db::addObject(&m_db, rec, AcDbHandle(), tableId, id) != Acad::eOk) {
+        if (sim::db::addObject(&m_db, rec, handle, tableId, id) != Acad::eOk) {
             delete rec;
             return AcDbObjectId::kNull;
         }
+        if (!handle.isNull())
+            noteHandle(handle.value());
         sim::db::link(sim::db::objectOf(tableId), id);
-        if (auto* btr = AcDbBlockTableRecord::cast(rec)) {
+        // A record made in place of a file's missing one gets the file's BLOCK and ENDBLK.
+        if (auto* btr = AcDbBlockTableRecord::cast(rec); btr && handle.isNull()) {
             AcDbObjectId begin, end;
             sim::db::addObject(&m_db, new AcDbBlockBegin, AcDbHandle(), id, begin);
             sim::db::addObject(&m_db, new AcDbBlockEnd, AcDbHandle(), id, end);
@@ -461,11 +487,15 @@ private:
     std::vector<AcDbObjectId> m_orphans[2];
     AcDbHandle m_lastOwner;
     AcDbBlockTableRecord* m_lastRecord = nullptr;
+    std::vector<std::string>* m_repairs; ///< null: a strict read
+    int m_recoveredBlocks = 0;
+    Adesk::UInt64 m_recoveredHandles = 0;
 };
 
 } // namespace
 
-void readDxf(AcDbDatabase& db, std::string_view text, const std::function<void(size_t)>& consumed)
+void readDxf(AcDbDatabase& db, std::string_view text, const std::function<void(size_t)>& consumed,
+             std::vector<std::string>* repairs)
 {
     if (text.substr(0, 18) == "AutoCAD Binary DXF")
         throw DxfError(0, "binary DXF files are not supported; save the drawing as ASCII DXF");
@@ -484,9 +514,16 @@ void readDxf(AcDbDatabase& db, std::string_view text, const std::function<void(s
         decoded = decodeUnicodeEscapes(text);
         text = decoded;
     }
+    if (repairs) {
+        if (auto reordered = tablesInTheirPlace(text)) {
+            decoded = std::move(*reordered);
+            text = decoded;
+            repairs->push_back("the TABLES section came after the blocks or entities; read before them");
+        }
+    }
     try {
         // Decoded text is a copy: the caller's memory is not what is read.
-        Loader(db, text, decoded.empty() ? consumed : std::function<void(size_t)>()).run();
+        Loader(db, text, decoded.empty() ? consumed : std::function<void(size_t)>(), repairs).run();
     } catch (...) {
         sim::db::clearDatabase(&db);
         throw;
