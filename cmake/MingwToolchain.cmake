@@ -11,3 +11,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(CMAKE_CROSSCOMPILING_EMULATOR wine)
 set(CMAKE_CXX_FLAGS_INIT "-D_USE_MATH_DEFINES")
+# One program with no runtime DLLs beside it, so that wine runs it from any folder.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
