@@ -9,6 +9,13 @@
 #include <cwchar>
 #include <cwctype>
 
+#ifdef _WIN32
+// On Windows the runtime itself declares and implements all of this.
+#include <locale.h>
+#include <stdlib.h>
+#include <string.h>
+#include <wchar.h>
+#else
 typedef int errno_t;
 #ifndef _TRUNCATE
 #define _TRUNCATE ((size_t)-1)
@@ -133,3 +140,4 @@ inline errno_t _wcsupr_s_l(wchar_t (&str)[N], _locale_t locale)
 {
     return _wcsupr_s_l(str, N, locale);
 }
+#endif

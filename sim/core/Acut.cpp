@@ -234,7 +234,13 @@ ads_real acutDistance(const ads_point pt1, const ads_point pt2)
 int AcString::compareNoCase(const ACHAR* s) const
 {
     // The host folds case for every letter, not just ASCII: use a UTF-8 locale whatever the process has.
+#ifdef _WIN32
+    // The runtime maps all of Unicode in a named locale, only ASCII in "C".
+    static const _locale_t utf8 = _create_locale(LC_CTYPE, "English_United States.1252");
+    auto towupper_l = _towupper_l;
+#else
     static const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", static_cast<locale_t>(0));
+#endif
     const ACHAR* a = m_s.c_str();
     const ACHAR* b = s ? s : L"";
     for (;; ++a, ++b) {

@@ -34,7 +34,14 @@ std::wstring fromUtf8(std::string_view s)
                  (static_cast<unsigned char>(s[i + 3]) & 0x3Fu);
             len = 4;
         }
-        out.push_back(static_cast<wchar_t>(cp));
+        if (sizeof(wchar_t) == 2 && cp >= 0x10000 && cp <= 0x10FFFF) {
+            // A 16-bit wchar_t holds a character beyond the basic plane as a surrogate pair.
+            cp -= 0x10000;
+            out.push_back(static_cast<wchar_t>(0xD800 + (cp >> 10)));
+            out.push_back(static_cast<wchar_t>(0xDC00 + (cp & 0x3FF)));
+        } else {
+            out.push_back(static_cast<wchar_t>(cp));
+        }
         i += len;
     }
     return out;
@@ -44,8 +51,16 @@ std::string toUtf8(std::wstring_view s)
 {
     std::string out;
     out.reserve(s.size());
-    for (wchar_t wc : s) {
-        auto cp = static_cast<char32_t>(wc);
+    for (size_t i = 0; i < s.size(); ++i) {
+        auto cp = static_cast<char32_t>(s[i]);
+        // A surrogate pair (16-bit wchar_t) is one character of four bytes, not two of three.
+        if (cp >= 0xD800 && cp < 0xDC00 && i + 1 < s.size()) {
+            auto low = static_cast<char32_t>(s[i + 1]);
+            if (low >= 0xDC00 && low < 0xE000) {
+                cp = 0x10000 + ((cp - 0xD800) << 10) + (low - 0xDC00);
+                ++i;
+            }
+        }
         if (cp < 0x80) {
             out.push_back(static_cast<char>(cp));
         } else if (cp < 0x800) {

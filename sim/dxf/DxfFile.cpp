@@ -1,10 +1,12 @@
 // Drawing files on disk.
 #include "sim/dxf/DxfFile.h"
 
+#ifndef _WIN32
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#endif
 
 #include <cerrno>
 #include <cstdio>
@@ -104,6 +106,9 @@ class MappedFile {
 public:
     explicit MappedFile(const std::string& path)
     {
+#ifdef _WIN32
+        (void)path; // Read as a whole instead.
+#else
         int fd = ::open(path.c_str(), O_RDONLY);
         if (fd < 0)
             return;
@@ -117,11 +122,14 @@ public:
             }
         }
         ::close(fd);
+#endif
     }
     ~MappedFile()
     {
+#ifndef _WIN32
         if (m_data)
             ::munmap(const_cast<char*>(m_data), m_size);
+#endif
     }
     MappedFile(const MappedFile&) = delete;
     MappedFile& operator=(const MappedFile&) = delete;
@@ -131,12 +139,16 @@ public:
     /// The pages before the offset leave memory; read again, they come back from the file.
     void release(size_t upTo)
     {
+#ifdef _WIN32
+        (void)upTo;
+#else
         size_t page = static_cast<size_t>(::sysconf(_SC_PAGESIZE));
         size_t end = upTo / page * page;
         if (end > m_released) {
             ::madvise(const_cast<char*>(m_data) + m_released, end - m_released, MADV_DONTNEED);
             m_released = end;
         }
+#endif
     }
 
 private:
@@ -177,7 +189,7 @@ std::string writeDrawingFile(AcDbDatabase& db, const std::wstring& path, bool ke
     fs::path temp = file;
     temp += ".tmp~";
     const std::string failed = "cannot save " + file.string();
-    std::FILE* f = std::fopen(temp.c_str(), "wb");
+    std::FILE* f = std::fopen(temp.string().c_str(), "wb");
     if (!f)
         return failed + ": " + std::strerror(errno);
     bool ok = true;

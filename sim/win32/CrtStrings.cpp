@@ -8,6 +8,8 @@
 
 #include "wincrt.h"
 
+// On Windows the runtime has these.
+#ifndef _WIN32
 errno_t wcscpy_s(wchar_t* dest, size_t destSize, const wchar_t* src)
 {
     return wcsncpy_s(dest, destSize, src, src ? wcslen(src) : 0);
@@ -197,3 +199,4 @@ errno_t _itow_s(int value, wchar_t* buffer, size_t sizeInCharacters, int radix)
     buffer[k] = L'\0';
     return 0;
 }
+#endif

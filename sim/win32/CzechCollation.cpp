@@ -10,6 +10,9 @@
 
 #include "sim/win32/Locale.h"
 
+// On Windows the runtime has these.
+#ifndef _WIN32
+
 namespace {
 
 // The Czech alphabet in order; "CH" stands for the digraph. Letters with other accents sort as their
@@ -108,3 +111,4 @@ int _wcsicoll_l(const wchar_t* string1, const wchar_t* string2, _locale_t locale
     std::wstring a = sim::win32::upperInvariant(string1), b = sim::win32::upperInvariant(string2);
     return sign(a.compare(b));
 }
+#endif

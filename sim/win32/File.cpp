@@ -26,7 +26,30 @@ std::filesystem::path fsPath(LPCWSTR path)
     for (wchar_t& c : p)
         if (c == L'\\')
             c = L'/';
+#ifdef _WIN32
+    return std::filesystem::path(p);
+#else
     return std::filesystem::path(sim::toUtf8(p));
+#endif
+}
+
+// The path's name as wide text, whatever the system's code page.
+std::wstring wideName(const std::filesystem::path& p)
+{
+#ifdef _WIN32
+    return p.wstring();
+#else
+    return sim::fromUtf8(p.string());
+#endif
+}
+
+FILE* openFile(const std::filesystem::path& p, const char* mode)
+{
+#ifdef _WIN32
+    return _wfopen(p.c_str(), std::wstring(mode, mode + std::strlen(mode)).c_str());
+#else
+    return std::fopen(p.c_str(), mode);
+#endif
 }
 
 FILE* fileOf(HANDLE h) { return static_cast<FILE*>(h); }
@@ -162,10 +185,10 @@ BOOL CFile::Open(LPCWSTR lpszFileName, UINT nOpenFlags, CFileException* pError)
             std::filesystem::remove(temp, ec);
         mode = std::filesystem::exists(temp, ec) ? "r+b" : "w+b";
         target = temp;
-        m_strTempName = sim::fromUtf8(temp.string()).c_str();
+        m_strTempName = wideName(temp).c_str();
     }
     errno = 0;
-    FILE* f = std::fopen(target.c_str(), mode);
+    FILE* f = openFile(target, mode);
     if (!f) {
         if (pError)
             *pError = CFileException(causeOfErrno(errno), errno, lpszFileName);

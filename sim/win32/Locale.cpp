@@ -13,11 +13,16 @@ namespace {
 
 bool installed(const char* name)
 {
+#ifdef _WIN32
+    (void)name; // The names are the C library's of Linux; Windows has none of them.
+    return false;
+#else
     locale_t l = newlocale(LC_ALL_MASK, name, static_cast<locale_t>(nullptr));
     if (!l)
         return false;
     freelocale(l);
     return true;
+#endif
 }
 
 std::string lowerAscii(std::string_view s)
@@ -29,6 +34,7 @@ std::string lowerAscii(std::string_view s)
     return r;
 }
 
+#ifndef _WIN32
 int categoryMask(int category)
 {
     switch (category) {
@@ -61,6 +67,7 @@ std::map<int, SetName>& setNames()
     static std::map<int, SetName> names;
     return names;
 }
+#endif
 
 } // namespace
 
@@ -116,8 +123,15 @@ std::optional<std::string> posixLocaleName(std::string_view windowsName)
 
 wchar_t upperInvariant(wchar_t c)
 {
+#ifdef _WIN32
+    // The runtime maps all of Unicode in a named locale, only ASCII in "C".
+    static const _locale_t l = _create_locale(LC_CTYPE, "English_United States.1252");
+    if (l)
+        return static_cast<wchar_t>(_towupper_l(static_cast<wint_t>(c), l));
+#else
     if (locale_t l = invariantLocale())
         return static_cast<wchar_t>(towupper_l(static_cast<wint_t>(c), l));
+#endif
     return (c >= L'a' && c <= L'z') ? static_cast<wchar_t>(c - L'a' + L'A') : c;
 }
 
@@ -131,6 +145,8 @@ std::wstring upperInvariant(std::wstring_view s)
 
 } // namespace sim::win32
 
+// On Windows the runtime has these.
+#ifndef _WIN32
 using sim::win32::posixLocaleName;
 
 _locale_t _create_locale(int category, const char* locale)
@@ -259,3 +275,4 @@ errno_t _wcslwr_s(wchar_t* str, size_t numberOfElements)
 {
     return _wcslwr_s_l(str, numberOfElements, nullptr);
 }
+#endif

@@ -8,11 +8,13 @@
 
 #include "wincrt.h"
 
+#ifndef _WIN32
 /// The runtime's locale object: a C library locale and whether it is a Czech one.
 struct __crt_locale_pointers {
     locale_t native = nullptr;
     bool czech = false;
 };
+#endif
 
 namespace sim::win32 {
 

@@ -34,7 +34,8 @@ std::wstring fromUtf16le(const std::uint8_t* data, size_t size)
     out.reserve(size / 2);
     for (size_t i = 0; i + 1 < size; i += 2) {
         char32_t u = static_cast<char32_t>(data[i] | (data[i + 1] << 8));
-        if (u >= 0xD800 && u < 0xDC00 && i + 3 < size) {
+        // A 16-bit wchar_t keeps the pair as it is.
+        if (sizeof(wchar_t) == 4 && u >= 0xD800 && u < 0xDC00 && i + 3 < size) {
             char32_t low = static_cast<char32_t>(data[i + 2] | (data[i + 3] << 8));
             if (low >= 0xDC00 && low < 0xE000) {
                 u = 0x10000 + ((u - 0xD800) << 10) + (low - 0xDC00);

@@ -163,7 +163,7 @@ LSTATUS WINAPI RegSetValueExW(HKEY hKey, LPCWSTR lpValueName, DWORD, DWORD dwTyp
         if (!text.empty())
             std::memcpy(text.data(), lpData, text.size() * sizeof(WCHAR));
         for (wchar_t& c : text)
-            if (static_cast<std::uint32_t>(c) > 0xFFFF)
+            if ((static_cast<std::uint32_t>(c) >> 16) != 0)
                 c = 0xFFFD;
         value.data = sim::win32::toUtf16le(text);
     } else if (cbData > 0) {

@@ -76,6 +76,9 @@ TEST(Utf8, RoundTripsCzechAndAstralText)
     std::wstring w = L"Příliš žluťoučký kůň \U0001F600";
     EXPECT_EQ(fromUtf8(toUtf8(w)), w);
     EXPECT_EQ(toUtf8(L"ů"), "\xC5\xAF");
+    // One character of four bytes, whether wchar_t holds it whole or as a surrogate pair.
+    EXPECT_EQ(toUtf8(L"\U0001F600"), "\xF0\x9F\x98\x80");
+    EXPECT_EQ(fromUtf8("\xF0\x9F\x98\x80"), std::wstring(L"\U0001F600"));
 }
 
 TEST(AcStringTest, CompareNoCaseFoldsCzechLetters)

@@ -124,3 +124,12 @@ TEST(RegFile, DamagedLinesNameFileAndLine)
         }
     }
 }
+
+TEST(RegFile, TextBeyondTheBasicPlaneIsOneSurrogatePair)
+{
+    const std::wstring text = L"a\U0001F600";
+    RegValue v = regString(text);
+    const std::vector<std::uint8_t> expected{'a', 0, 0x3D, 0xD8, 0x00, 0xDE, 0, 0};
+    EXPECT_EQ(v.data, expected);
+    EXPECT_EQ(sim::win32::fromUtf16le(v.data.data(), v.data.size() - 2), text);
+}
