@@ -74,7 +74,9 @@ public:
         AcDbObjectId existing;
         if (!src->isAnonymous() && table->getAt(name.c_str(), existing) == Acad::eOk)
             return m_map[srcId] = existing;
-        auto* copy = newBlock(src->isAnonymous() ? std::wstring(L"*U") : name, *src);
+        // An anonymous block keeps its kind: a dimension's "*D" stays a "*D" under its next free number.
+        std::wstring kind = name.size() >= 2 && name[0] == L'*' ? name.substr(0, 2) : std::wstring(L"*U");
+        auto* copy = newBlock(src->isAnonymous() ? kind : name, *src);
         AcDbObjectId id = copy->objectId();
         m_map[srcId] = id;
         copyEntities(*src, *copy);
