@@ -194,7 +194,8 @@ void CTogEntity::NastavDynVlastnosti(AcDbBlockReference* reference, const PopisB
     }
 }
 
-bool CTogEntity::NajdiAtribut(AcDbBlockReference* reference, AcDbAttribute*& atribut, const ACHAR* tag)
+bool CTogEntity::NajdiAtribut(AcDbBlockReference* reference, AcDbAttribute*& atribut, const ACHAR* tag,
+                              AcDb::OpenMode rezim)
 {
     atribut = nullptr;
     std::unique_ptr<AcDbObjectIterator> it(reference->attributeIterator());
@@ -205,7 +206,7 @@ bool CTogEntity::NajdiAtribut(AcDbBlockReference* reference, AcDbAttribute*& atr
             continue;
         if (!(VelkymiPismeny(kandidat->tagConst()) == hledany))
             continue;
-        if (kandidat->upgradeOpen() != Acad::eOk)
+        if (rezim == AcDb::kForWrite && kandidat->upgradeOpen() != Acad::eOk)
             continue;
         kandidat.release(atribut);
         return true;

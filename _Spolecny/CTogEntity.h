@@ -99,8 +99,10 @@ public:
     /// that the block lacks are passed over; a block that isn't dynamic throws.
     static void NastavDynVlastnosti(AcDbBlockReference* reference, const PopisBloku& popis);
 
-    /// The attribute of the tag (case ignored), open for write; false when the reference has none.
-    static bool NajdiAtribut(AcDbBlockReference* reference, AcDbAttribute*& atribut, const ACHAR* tag);
+    /// The attribute of the tag (case ignored), open in the mode asked; false when the reference has
+    /// none or it can't be opened so (an attribute on a locked layer opens only for read).
+    static bool NajdiAtribut(AcDbBlockReference* reference, AcDbAttribute*& atribut, const ACHAR* tag,
+                             AcDb::OpenMode rezim = AcDb::kForWrite);
 
     /// A new block definition in the working database under the first free name from the counter
     /// on; the record stays open for write and the counter stays where it stopped.

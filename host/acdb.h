@@ -100,6 +100,18 @@ enum Poly2dType {
     k2dCubicSplinePoly = 3,
 };
 
+enum Poly3dType {
+    k3dSimplePoly = 0,
+    k3dQuadSplinePoly = 1,
+    k3dCubicSplinePoly = 2,
+};
+
+enum Vertex3dType {
+    k3dSimpleVertex = 0,
+    k3dControlVertex = 1,
+    k3dFitVertex = 2,
+};
+
 enum Vertex2dType {
     k2dVertex = 0,
     k2dSplineCtlVertex = 1,

@@ -254,6 +254,59 @@ private:
     AcDbObjectId m_seqEnd;
 };
 
+/// A vertex of an AcDb3dPolyline, its position in world coordinates.
+class AcDb3dPolylineVertex : public AcDbVertex {
+public:
+    ACDB_DECLARE_MEMBERS(AcDb3dPolylineVertex);
+    AcDb3dPolylineVertex() = default;
+    explicit AcDb3dPolylineVertex(const AcGePoint3d& position) : m_position(position) {}
+
+    AcDb::Vertex3dType vertexType() const { return AcDb::k3dSimpleVertex; }
+    AcGePoint3d position() const { return m_position; }
+    Acad::ErrorStatus setPosition(const AcGePoint3d& pt);
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform) override;
+
+private:
+    friend class AcDb3dPolyline;
+    AcGePoint3d m_position;
+};
+
+/// The polyline whose vertices lie anywhere in space; straight segments, vertices as objects of
+/// their own ended by a sequence end, appended once the polyline is in a database.
+class AcDb3dPolyline : public AcDbCurve {
+public:
+    ACDB_DECLARE_MEMBERS(AcDb3dPolyline);
+    AcDb3dPolyline() = default;
+
+    AcDb::Poly3dType polyType() const { return m_type; }
+    Acad::ErrorStatus setPolyType(AcDb::Poly3dType type);
+    Acad::ErrorStatus makeClosed();
+    Acad::ErrorStatus makeOpen();
+    bool isClosed() const override { return m_closed; }
+
+    Acad::ErrorStatus appendVertex(AcDb3dPolylineVertex* pNewVertex);
+    Acad::ErrorStatus appendVertex(AcDbObjectId& objId, AcDb3dPolylineVertex* pNewVertex);
+    Acad::ErrorStatus openVertex(AcDb3dPolylineVertex*& pVertex, AcDbObjectId vertId, AcDb::OpenMode mode,
+                                 bool openErasedOne = false) const;
+    Acad::ErrorStatus openSequenceEnd(AcDbSequenceEnd*& pSeqEnd, AcDb::OpenMode mode);
+    /// The vertices in order; the caller deletes the iterator.
+    AcDbObjectIterator* vertexIterator() const;
+
+    Acad::ErrorStatus getStartParam(double& param) const override;
+    Acad::ErrorStatus getEndParam(double& param) const override;
+    Acad::ErrorStatus getStartPoint(AcGePoint3d& point) const override;
+    Acad::ErrorStatus getEndPoint(AcGePoint3d& point) const override;
+    Acad::ErrorStatus reverseCurve() override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform) override;
+
+private:
+    friend class AcDbImpDatabase;
+    AcDb::Poly3dType m_type = AcDb::k3dSimplePoly;
+    bool m_closed = false;
+    std::vector<AcDbObjectId> m_vertices;
+    AcDbObjectId m_seqEnd;
+};
+
 /// Single-line text. The position is the left end of the base line; the alignment point holds for
 /// any other alignment.
 class AcDbText : public AcDbEntity {

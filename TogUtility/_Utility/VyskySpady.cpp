@@ -14,7 +14,7 @@ namespace {
 std::wstring Atribut(AcDbBlockReference& ref, const ACHAR* tag)
 {
     AcDbAttribute* nalezeny = nullptr;
-    if (!CTogEntity::NajdiAtribut(&ref, nalezeny, tag))
+    if (!CTogEntity::NajdiAtribut(&ref, nalezeny, tag, AcDb::kForRead))
         throw CTogException("Nelze získat hodnotu atributu " + CTogFunkce::DoUtf8(tag), __LINE__, __FILE__);
     AcDbObjectPointer<AcDbAttribute> atribut;
     atribut.acquire(nalezeny);

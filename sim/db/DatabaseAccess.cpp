@@ -111,11 +111,11 @@ Acad::ErrorStatus link(AcDbObject* owner, AcDbObjectId child, const std::wstring
             AcDbImpDatabase::seqEnd(ref) = child;
         else
             AcDbImpDatabase::attributes(ref).push_back(child);
-    } else if (auto* pl = AcDb2dPolyline::cast(owner)) {
+    } else if (auto* verts = AcDbImpDatabase::polylineVertices(owner)) {
         if (c && AcDbSequenceEnd::cast(c))
-            AcDbImpDatabase::seqEnd(pl) = child;
+            *AcDbImpDatabase::polylineSeqEnd(owner) = child;
         else
-            AcDbImpDatabase::vertices(pl).push_back(child);
+            verts->push_back(child);
     } else if (auto* dict = AcDbDictionary::cast(owner)) {
         AcDbImpDatabase::entries(dict).emplace_back(name, child);
     } else {

@@ -49,6 +49,15 @@ const std::vector<AcDbObjectId>& vertexIds(const AcDb2dPolyline* pline)
     return AcDbImpDatabase::vertices(const_cast<AcDb2dPolyline*>(pline));
 }
 AcDbObjectId seqEndId(const AcDb2dPolyline* pline) { return AcDbImpDatabase::seqEnd(const_cast<AcDb2dPolyline*>(pline)); }
+const std::vector<AcDbObjectId>* polylineVertexIds(const AcDbObject* obj)
+{
+    return AcDbImpDatabase::polylineVertices(const_cast<AcDbObject*>(obj));
+}
+AcDbObjectId polylineSeqEndId(const AcDbObject* obj)
+{
+    const AcDbObjectId* end = AcDbImpDatabase::polylineSeqEnd(const_cast<AcDbObject*>(obj));
+    return end ? *end : AcDbObjectId::kNull;
+}
 const std::vector<std::pair<std::wstring, AcDbObjectId>>& dictionaryEntries(const AcDbDictionary* dict)
 {
     return AcDbImpDatabase::entries(const_cast<AcDbDictionary*>(dict));

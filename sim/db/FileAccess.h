@@ -46,6 +46,9 @@ const std::vector<AcDbObjectId>& attributeIds(const AcDbBlockReference* ref);
 AcDbObjectId seqEndId(const AcDbBlockReference* ref);
 const std::vector<AcDbObjectId>& vertexIds(const AcDb2dPolyline* pline);
 AcDbObjectId seqEndId(const AcDb2dPolyline* pline);
+/// The vertices of a 2D or 3D polyline; null for any other object.
+const std::vector<AcDbObjectId>* polylineVertexIds(const AcDbObject* obj);
+AcDbObjectId polylineSeqEndId(const AcDbObject* obj);
 const std::vector<std::pair<std::wstring, AcDbObjectId>>& dictionaryEntries(const AcDbDictionary* dict);
 
 /// Takes every object out of the database and forgets its tables, header and file extras, so that

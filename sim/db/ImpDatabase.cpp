@@ -162,9 +162,9 @@ void AcDbImpDatabase::setErased(AcDbObject* obj, bool erased)
     if (auto* ref = AcDbBlockReference::cast(obj)) {
         owned = attributes(ref);
         owned.push_back(seqEnd(ref));
-    } else if (auto* pl = AcDb2dPolyline::cast(obj)) {
-        owned = vertices(pl);
-        owned.push_back(seqEnd(pl));
+    } else if (auto* verts = polylineVertices(obj)) {
+        owned = *verts;
+        owned.push_back(*polylineSeqEnd(obj));
     }
     for (AcDbObjectId id : owned)
         if (AcDbObject* child = find(id.handle()); child && !id.isNull()) {

@@ -86,6 +86,23 @@ public:
     static AcDbObjectId& seqEnd(AcDbBlockReference* r) { return r->m_seqEnd; }
     static std::vector<AcDbObjectId>& vertices(AcDb2dPolyline* p) { return p->m_vertices; }
     static AcDbObjectId& seqEnd(AcDb2dPolyline* p) { return p->m_seqEnd; }
+    /// The vertices and the sequence end of a 2D or 3D polyline; null for any other object.
+    static std::vector<AcDbObjectId>* polylineVertices(AcDbObject* o)
+    {
+        if (auto* p2 = AcDb2dPolyline::cast(o))
+            return &p2->m_vertices;
+        if (auto* p3 = AcDb3dPolyline::cast(o))
+            return &p3->m_vertices;
+        return nullptr;
+    }
+    static AcDbObjectId* polylineSeqEnd(AcDbObject* o)
+    {
+        if (auto* p2 = AcDb2dPolyline::cast(o))
+            return &p2->m_seqEnd;
+        if (auto* p3 = AcDb3dPolyline::cast(o))
+            return &p3->m_seqEnd;
+        return nullptr;
+    }
     static std::wstring& name(AcDbSymbolTableRecord* r) { return r->m_name; }
     static std::wstring& textString(AcDbText* t) { return t->m_text; }
     static void reserveVertices(AcDbPolyline* p, unsigned n) { p->m_verts.reserve(n); }

@@ -74,7 +74,9 @@ public:
         AcDbObjectId existing;
         if (!src->isAnonymous() && table->getAt(name.c_str(), existing) == Acad::eOk)
             return m_map[srcId] = existing;
-        auto* copy = newBlock(src->isAnonymous() ? std::wstring(L"*U") : name, *src);
+        // An anonymous block keeps its kind: a dimension's "*D" stays a "*D" under its next free number.
+        std::wstring kind = name.size() >= 2 && name[0] == L'*' ? name.substr(0, 2) : std::wstring(L"*U");
+        auto* copy = newBlock(src->isAnonymous() ? kind : name, *src);
         AcDbObjectId id = copy->objectId();
         m_map[srcId] = id;
         copyEntities(*src, *copy);
@@ -186,9 +188,9 @@ private:
             AcDbImpDatabase::attributes(ref).clear();
             AcDbImpDatabase::seqEnd(ref) = AcDbObjectId::kNull;
         }
-        if (auto* pl = AcDb2dPolyline::cast(copy)) {
-            AcDbImpDatabase::vertices(pl).clear();
-            AcDbImpDatabase::seqEnd(pl) = AcDbObjectId::kNull;
+        if (auto* verts = AcDbImpDatabase::polylineVertices(copy)) {
+            verts->clear();
+            *AcDbImpDatabase::polylineSeqEnd(copy) = AcDbObjectId::kNull;
         }
         AcDbObjectId id;
         if (m_dst.addObject(copy, owner, id, AcDbHandle(), false) != Acad::eOk) {
@@ -206,9 +208,9 @@ private:
         if (auto* ref = AcDbBlockReference::cast(&ent)) {
             children = AcDbImpDatabase::attributes(const_cast<AcDbBlockReference*>(ref));
             seqEnd = AcDbImpDatabase::seqEnd(const_cast<AcDbBlockReference*>(ref));
-        } else if (auto* pl = AcDb2dPolyline::cast(&ent)) {
-            children = AcDbImpDatabase::vertices(const_cast<AcDb2dPolyline*>(pl));
-            seqEnd = AcDbImpDatabase::seqEnd(const_cast<AcDb2dPolyline*>(pl));
+        } else if (auto* verts = AcDbImpDatabase::polylineVertices(const_cast<AcDbEntity*>(&ent))) {
+            children = *verts;
+            seqEnd = *AcDbImpDatabase::polylineSeqEnd(const_cast<AcDbEntity*>(&ent));
         } else {
             return;
         }

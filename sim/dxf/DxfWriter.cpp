@@ -113,9 +113,9 @@ private:
             } else if (auto* ref = AcDbBlockReference::cast(obj)) {
                 if (!sim::db::attributeIds(ref).empty() && sim::db::seqEndId(ref).isNull())
                     sequences.push_back(ref);
-            } else if (auto* pl = AcDb2dPolyline::cast(obj)) {
-                if (sim::db::seqEndId(pl).isNull())
-                    sequences.push_back(pl);
+            } else if (sim::db::polylineVertexIds(obj)) {
+                if (sim::db::polylineSeqEndId(obj).isNull())
+                    sequences.push_back(AcDbEntity::cast(obj));
             } else {
                 sim::db::completeMLeader(obj);
             }
@@ -289,10 +289,10 @@ private:
                 }
             if (any)
                 write(sim::db::seqEndId(ref));
-        } else if (auto* pl = AcDb2dPolyline::cast(obj)) {
-            for (AcDbObjectId v : sim::db::vertexIds(pl))
+        } else if (auto* verts = sim::db::polylineVertexIds(obj)) {
+            for (AcDbObjectId v : *verts)
                 write(v);
-            write(sim::db::seqEndId(pl));
+            write(sim::db::polylineSeqEndId(obj));
         }
     }
 

@@ -1,5 +1,5 @@
 // The codecs of the entities the database models: line, circle, arc, ellipse, spline, lightweight
-// polyline, 2D polyline with its vertices and end, text, multi-line text, attribute definition, attribute,
+// polyline, 2D and 3D polylines with their vertices and end, text, multi-line text, attribute definition, attribute,
 // block reference, and the begin and end markers of a block definition.
 #include <memory>
 #include <optional>
@@ -397,11 +397,90 @@ protected:
 };
 
 /// Flags of POLYLINE that make it something else than a 2D polyline: 3D polyline, mesh, face mesh.
-constexpr int kNot2d = 8 | 16 | 64;
+constexpr int kPolyline3d = 8;
+constexpr int kNot2d = kPolyline3d | 16 | 64;
+/// The flag of a VERTEX of a 3D polyline.
+constexpr int kVertex3d = 32;
+
+/// The flags of a POLYLINE or VERTEX record without subclass markers.
+int headFlags(Fields& f)
+{
+    const Tag* flags = f.head().find(70);
+    return flags ? static_cast<int>(flags->integer) : 0;
+}
+
+class Polyline3dCodec : public EntityCodec<AcDb3dPolyline> {
+public:
+    std::string_view recordName() const override { return "POLYLINE"; }
+
+protected:
+    bool accepts(Fields& f) const override
+    {
+        if (f.record().hasSubclassMarkers())
+            return f.sub("AcDb3dPolyline").end() > 0;
+        return (headFlags(f) & kNot2d) == kPolyline3d;
+    }
+    void readFields(AcDb3dPolyline& e, Fields& f, ReadContext&) const override
+    {
+        f.sub("AcDb3dPolyline");
+        f.take(66);
+        f.point(10); // always the origin: the vertices carry their own heights
+        int flags = f.int32(70);
+        int curve = f.int32(75);
+        if (flags & 1)
+            e.makeClosed();
+        if (flags & 4)
+            e.setPolyType(curve == 6 ? AcDb::k3dCubicSplinePoly : AcDb::k3dQuadSplinePoly);
+        f.keepBits(70, flags & ~(1 | 4 | kPolyline3d));
+    }
+    void writeFields(const AcDb3dPolyline& e, ObjectWriter& w, WriteContext&) const override
+    {
+        w.subclass("AcDb3dPolyline");
+        w.out.integer(66, 1);
+        w.out.point(10, AcGePoint3d::kOrigin);
+        int curve = e.polyType() == AcDb::k3dCubicSplinePoly ? 6 : e.polyType() == AcDb::k3dQuadSplinePoly ? 5 : 0;
+        w.out.integer(70, (e.isClosed() ? 1 : 0) | (curve ? 4 : 0) | kPolyline3d | static_cast<int>(w.keptBits(70)));
+        if (curve)
+            w.out.integer(75, curve);
+    }
+};
+
+class Vertex3dCodec : public EntityCodec<AcDb3dPolylineVertex> {
+public:
+    std::string_view recordName() const override { return "VERTEX"; }
+
+protected:
+    void readFields(AcDb3dPolylineVertex& e, Fields& f, ReadContext&) const override
+    {
+        f.sub("AcDbVertex");
+        f.sub("AcDb3dPolylineVertex");
+        e.setPosition(f.point(10));
+        f.keepBits(70, f.int32(70) & ~kVertex3d);
+    }
+    void writeFields(const AcDb3dPolylineVertex& e, ObjectWriter& w, WriteContext&) const override
+    {
+        w.subclass("AcDbVertex");
+        w.subclass("AcDb3dPolylineVertex");
+        w.out.point(10, e.position());
+        w.out.integer(70, kVertex3d | static_cast<int>(w.keptBits(70)));
+    }
+};
+
+/// POLYLINE and VERTEX records are read by one codec each: the 2D ones hand 3D polylines and their
+/// vertices on by the flags.
+const Polyline3dCodec polyline3d;
+const Vertex3dCodec vertex3d;
 
 class Polyline2dCodec : public EntityCodec<AcDb2dPolyline> {
 public:
     std::string_view recordName() const override { return "POLYLINE"; }
+
+    AcDbObject* read(Fields& f, ReadContext& cx) const override
+    {
+        bool is3d = f.record().hasSubclassMarkers() ? f.sub("AcDb3dPolyline").end() > 0
+                                                    : (headFlags(f) & kNot2d) == kPolyline3d;
+        return is3d ? polyline3d.read(f, cx) : EntityCodec::read(f, cx);
+    }
 
 protected:
     bool accepts(Fields& f) const override
@@ -466,6 +545,13 @@ protected:
 class Vertex2dCodec : public EntityCodec<AcDb2dVertex> {
 public:
     std::string_view recordName() const override { return "VERTEX"; }
+
+    AcDbObject* read(Fields& f, ReadContext& cx) const override
+    {
+        bool is3d = f.record().hasSubclassMarkers() ? f.sub("AcDb3dPolylineVertex").end() > 0
+                                                    : (headFlags(f) & kVertex3d) != 0;
+        return is3d ? vertex3d.read(f, cx) : EntityCodec::read(f, cx);
+    }
 
 protected:
     void readFields(AcDb2dVertex& e, Fields& f, ReadContext&) const override
@@ -724,8 +810,9 @@ std::vector<const Codec*> entityCodecs()
     static const AttributeDefinitionCodec attdef;
     static const AttributeCodec attrib;
     static const BlockReferenceCodec insert;
-    return {&line, &circle, &arc, &ellipse, &spline, &lwpolyline, &polyline, &vertex, &seqend, &block, &endblk,
-            &text, &mtext, &attdef, &attrib, &insert};
+    // The 2D polyline and vertex come before the 3D ones: they read the records of that name.
+    return {&line, &circle, &arc, &ellipse, &spline, &lwpolyline, &polyline, &vertex, &polyline3d, &vertex3d, &seqend,
+            &block, &endblk, &text, &mtext, &attdef, &attrib, &insert};
 }
 
 } // namespace sim::dxf

@@ -173,6 +173,10 @@ TEST_F(Blocks, SideDatabaseInsertedAsBlock)
         auto* ref = new AcDbBlockReference(AcGePoint3d(5, 5, 0), inner);
         ms->appendAcDbEntity(ref);
         ref->close();
+        // An anonymous block of a dimension's kind.
+        auto* dim = new AcDbBlockReference(AcGePoint3d(0, 0, 0), makeBlock(L"*D", side));
+        ms->appendAcDbEntity(dim);
+        dim->close();
     }
     addLayer(L"KÓTY"); // this drawing's layer of that name wins
 
@@ -190,7 +194,7 @@ TEST_F(Blocks, SideDatabaseInsertedAsBlock)
         ids.push_back(id);
     }
     delete it;
-    ASSERT_EQ(ids.size(), 2u);
+    ASSERT_EQ(ids.size(), 3u);
     AcDbObjectPointer<AcDbLine> line(ids[0]);
     ASSERT_EQ(line.openStatus(), Acad::eOk);
     EXPECT_EQ(line->layerId().database(), &db);
@@ -204,4 +208,10 @@ TEST_F(Blocks, SideDatabaseInsertedAsBlock)
     EXPECT_EQ(name, L"VNITRNI");
     EXPECT_EQ(copied->objectId().database(), &db);
     EXPECT_TRUE(copied->hasAttributeDefinitions());
+
+    AcDbObjectPointer<AcDbBlockReference> dim(ids[2]);
+    AcDbBlockTableRecordPointer dimBlock(dim->blockTableRecord());
+    dimBlock->getName(name);
+    EXPECT_EQ(std::wstring(name.kwszPtr()).substr(0, 2), L"*D");
+    EXPECT_TRUE(dimBlock->isAnonymous());
 }

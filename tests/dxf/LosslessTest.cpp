@@ -93,11 +93,12 @@ TEST_F(Lossless, UnknownKindsAndFollowersGoBackUnchanged)
     std::string wipeout = groups({{0, "WIPEOUT"}, {5, "B01"}, {330, ms.c_str()}, {100, "AcDbEntity"}, {8, "0"},
                                   {62, "3"}, {100, "AcDbRasterImage"}, {90, "0"}, {10, "1.0"}, {20, "2.0"},
                                   {30, "0.0"}, {340, "0"}, {100, "AcDbWipeout"}, {1001, "ACAD"}, {1000, "w"}});
-    // A 3D polyline: its vertices and end follow it and carry handles of their own.
+    // A polygon mesh: its vertices and end follow it and carry handles of their own.
     std::string poly = groups({{0, "POLYLINE"}, {5, "B02"}, {330, ms.c_str()}, {100, "AcDbEntity"}, {8, "0"},
-                               {100, "AcDb3dPolyline"}, {66, "1"}, {10, "0.0"}, {20, "0.0"}, {30, "0.0"}, {70, "8"},
+                               {100, "AcDbPolygonMesh"}, {66, "1"}, {10, "0.0"}, {20, "0.0"}, {30, "0.0"}, {70, "16"},
+                               {71, "1"}, {72, "1"},
                                {0, "VERTEX"}, {5, "FFF0"}, {330, "B02"}, {100, "AcDbEntity"}, {8, "0"}, {100, "AcDbVertex"},
-                               {100, "AcDb3dPolylineVertex"}, {10, "1.0"}, {20, "2.0"}, {30, "3.0"}, {70, "32"},
+                               {100, "AcDbPolygonMeshVertex"}, {10, "1.0"}, {20, "2.0"}, {30, "3.0"}, {70, "64"},
                                {0, "SEQEND"}, {5, "FFF1"}, {330, "B02"}, {100, "AcDbEntity"}, {8, "0"}});
     std::string object = groups({{0, "MYOBJECT"}, {5, "B03"}, {102, "{ACAD_REACTORS"}, {330, "C"}, {102, "}"},
                                  {330, "C"}, {100, "AcDbMyObject"}, {1, "data"}, {40, "2.5"}, {1001, "ACAD"},

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""pro on a drawing that ezdxf builds: lines, arcs, circles, lightweight and 2D polylines, ellipses
-and splines run the other way round and keep their shape; a text stays out of the selection; a
+"""pro on a drawing that ezdxf builds: lines, arcs, circles, lightweight, 2D and 3D polylines,
+ellipses and splines run the other way round and keep their shape; a text stays out of the selection; a
 second pro brings everything back. The saved drawing opens again and saves to the same bytes.
 
 Usage: test_reverse_curves.py <path of togu> <source dir>
@@ -27,6 +27,8 @@ def drawing(path):
     msp.add_polyline2d([(20, 20), (30, 20), (30, 30)])
     msp.add_ellipse((50, 20), major_axis=(6, 0), ratio=0.5, start_param=0.3, end_param=2.5)
     msp.add_spline([(0, 40), (5, 45), (10, 40), (15, 45)])
+    msp.add_polyline3d([(60, 0, 0), (70, 0, 5), (70, 10, 8)])
+    msp.add_polyline3d([(80, 0, 1), (90, 0, 2), (90, 10, 3)], close=True)
     msp.add_text("DN 100", dxfattribs={"insert": (0, -10)})
     doc.saveas(path)
 
@@ -60,7 +62,7 @@ class ReverseCurves(unittest.TestCase):
             self.assertEqual([e.dxftype() for e in a], [e.dxftype() for e in b])
             for old, new in zip(a, b):
                 t = old.dxftype()
-                if t in ("LINE", "POLYLINE", "SPLINE", "ELLIPSE"):
+                if t in ("LINE", "POLYLINE", "SPLINE", "ELLIPSE") and not (t == "POLYLINE" and old.is_closed):
                     got = points(new)
                     want = list(reversed(points(old)))
                     self.assertEqual(len(got), len(want), t)
@@ -73,6 +75,11 @@ class ReverseCurves(unittest.TestCase):
                              [(0, 20), (10, 30), (10, 20)])
             self.assertEqual([round(bulge, 9) for *_, bulge in lw.get_points("b")], [0, 0, -0.5])
             self.assertEqual([(s, e) for s, e in lw.get_points("se")], [(0, 0), (2, 1), (0, 0)])
+            # A 3D polyline stays one, its vertices in space; a closed one keeps its first vertex.
+            p3 = [e for e in b.query("POLYLINE") if e.is_3d_polyline]
+            self.assertEqual(len(p3), 2)
+            self.assertEqual([tuple(v.dxf.location) for v in p3[1].vertices], [(80, 0, 1), (90, 10, 3), (90, 0, 2)])
+            self.assertTrue(p3[1].is_closed)
             # An arc and a circle keep their points: the arc's angles swap through its normal.
             arc = b.query("ARC")[0]
             self.assertTrue(Vec3(arc.start_point).isclose(Vec3(a.query("ARC")[0].end_point), abs_tol=1e-9))

@@ -91,6 +91,21 @@ TEST_F(Entity, AtributyPodleDefinice)
     AcDbAttribute* zadny = nullptr;
     EXPECT_FALSE(CTogEntity::NajdiAtribut(ref, zadny, L"K"));
 
+    // On a locked layer the attribute opens for read only: a reader still finds it.
+    drzeny.close();
+    auto zamkni = [](bool zamcena) {
+        AcDbLayerTableRecordPointer vrstva(Db()->clayer(), AcDb::kForWrite);
+        vrstva->setIsLocked(zamcena);
+    };
+    zamkni(true);
+    EXPECT_FALSE(CTogEntity::NajdiAtribut(ref, b, L"b"));
+    ASSERT_TRUE(CTogEntity::NajdiAtribut(ref, b, L"b", AcDb::kForRead));
+    drzeny.acquire(b);
+    EXPECT_FALSE(drzeny->isWriteEnabled());
+    EXPECT_EQ(std::wstring(drzeny->textStringConst()), L"x");
+    drzeny.close();
+    zamkni(false);
+
     popis.blok = Blok(L"PRAZDNY", {new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 0, 0))});
     ref.close();
     drzeny.close();
