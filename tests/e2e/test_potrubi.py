@@ -26,16 +26,6 @@ def run(tmp, script, drawing=None):
     return ezdxf.readfile(os.path.join(tmp, "out.dxf")), out
 
 
-def assert_reopens_same(test, tmp):
-    """The saved drawing, opened and saved again by togu, gives the same bytes."""
-    first = os.path.join(tmp, "out.dxf")
-    again = os.path.join(tmp, "again.dxf")
-    code, out, err = togu_e2e.run_togu(tmp, "", first, "-o", again)
-    test.assertEqual(code, 0, err)
-    with open(first, "rb") as a, open(again, "rb") as b:
-        test.assertEqual(a.read(), b.read())
-
-
 def lines(doc):
     return [e for e in doc.modelspace().query("LINE")]
 
@@ -74,7 +64,6 @@ class Mut(unittest.TestCase):
             self.assertEqual(togu["DlgMultiTrubky_TYPVEDENI"].tags.get_first_value(90), 2)
             self.assertEqual([t.value for t in togu["DlgMultiTrubky_SEZNAMHLADIN"].tags if t.code == 1],
                              ["ZT-voda_SV", "ZT-voda_TUV", "ZT-voda_CIRK"])
-            assert_reopens_same(self, tmp)
 
     def test_undo_gives_the_free_ends_back_and_a_short_section_is_refused(self):
         with tempfile.TemporaryDirectory() as tmp:
@@ -140,7 +129,6 @@ class Sp(unittest.TestCase):
             # 10 mm aside: joined; 25 mm aside: left alone.
             self.assertEqual(xy(by_handle[h["d"]].dxf.start), (0, 500))
             self.assertEqual(xy(by_handle[h["f"]].dxf.start), (500, 1025))
-            assert_reopens_same(self, tmp)
 
     def test_nothing_collinear(self):
         with tempfile.TemporaryDirectory() as tmp:
@@ -178,7 +166,6 @@ class Tepizol(unittest.TestCase):
             self.assertEqual(len(poly), 3)
             self.assertTrue(any(abs(b) > 1e-9 for b in (v[4] for v in poly[1].get_points())))
             self.assertIn("Zadejte tloustku izolace <50>", out)
-            assert_reopens_same(self, tmp)
 
     def test_edge_mode_lies_on_the_side_of_the_point(self):
         with tempfile.TemporaryDirectory() as tmp:
