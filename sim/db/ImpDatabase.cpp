@@ -6,6 +6,7 @@
 #include <random>
 #include <set>
 
+#include "dbents.h"
 #include "dbxrecrd.h"
 #include "sim/db/Scale.h"
 #include "sim/db/Transactions.h"
@@ -278,4 +279,24 @@ void AcDbImpDatabase::buildDefaultDrawing()
     header.insunits = AcDb::kUnitsMillimeters;
     if (FileFormat* format = fileFormat())
         format->completeDefaultDrawing(*self);
+}
+
+Acad::ErrorStatus AcDbImpDatabase::appendPolylineVertex(AcDbEntity* polyline, AcDbEntity* vertex,
+                                                        std::vector<AcDbObjectId>& vertices, AcDbObjectId& seqEnd,
+                                                        AcDbObjectId& id)
+{
+    if (vertex->database())
+        return Acad::eAlreadyInDb;
+    layerId(vertex) = polyline->layerId();
+    linetypeId(vertex) = polyline->linetypeId();
+    Acad::ErrorStatus es = addObject(vertex, polyline->objectId(), id);
+    if (es != Acad::eOk)
+        return es;
+    vertices.push_back(id);
+    if (seqEnd.isNull()) {
+        auto* end = new AcDbSequenceEnd;
+        layerId(end) = polyline->layerId();
+        addObject(end, polyline->objectId(), seqEnd, AcDbHandle(), false);
+    }
+    return Acad::eOk;
 }

@@ -58,6 +58,10 @@ public:
 
     /// Puts a new object into the database under the wanted handle (null: the next one) with the
     /// owner given. With leaveOpen it is open for write and new, as after an add of the host.
+    /// Adds a vertex to a 2D or 3D polyline of this database, open for write: the vertex takes the
+    /// polyline's layer and line type, and the first vertex brings the polyline its sequence end.
+    Acad::ErrorStatus appendPolylineVertex(AcDbEntity* polyline, AcDbEntity* vertex, std::vector<AcDbObjectId>& vertices,
+                                           AcDbObjectId& seqEnd, AcDbObjectId& id);
     Acad::ErrorStatus addObject(AcDbObject* obj, AcDbObjectId owner, AcDbObjectId& id, AcDbHandle wanted = AcDbHandle(),
                                 bool leaveOpen = true);
     /// Opens for a direct caller (acdbOpenObject).

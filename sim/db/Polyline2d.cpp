@@ -105,20 +105,7 @@ Acad::ErrorStatus AcDb2dPolyline::appendVertex(AcDbObjectId& objId, AcDb2dVertex
     if (!db)
         return Acad::eNoDatabase;
     SIM_DB_ASSERT_WRITE();
-    if (pNewVertex->database())
-        return Acad::eAlreadyInDb;
-    AcDbImpDatabase::layerId(pNewVertex) = layerId();
-    AcDbImpDatabase::linetypeId(pNewVertex) = linetypeId();
-    Acad::ErrorStatus es = db->addObject(pNewVertex, objectId(), objId);
-    if (es != Acad::eOk)
-        return es;
-    m_vertices.push_back(objId);
-    if (m_seqEnd.isNull()) {
-        auto* end = new AcDbSequenceEnd;
-        AcDbImpDatabase::layerId(end) = layerId();
-        db->addObject(end, objectId(), m_seqEnd, AcDbHandle(), false);
-    }
-    return Acad::eOk;
+    return db->appendPolylineVertex(this, pNewVertex, m_vertices, m_seqEnd, objId);
 }
 
 Acad::ErrorStatus AcDb2dPolyline::openVertex(AcDb2dVertex*& pVertex, AcDbObjectId vertId, AcDb::OpenMode mode, bool openErasedOne) const

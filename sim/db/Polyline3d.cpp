@@ -54,20 +54,7 @@ Acad::ErrorStatus AcDb3dPolyline::appendVertex(AcDbObjectId& objId, AcDb3dPolyli
     if (!db)
         return Acad::eNoDatabase;
     SIM_DB_ASSERT_WRITE();
-    if (pNewVertex->database())
-        return Acad::eAlreadyInDb;
-    AcDbImpDatabase::layerId(pNewVertex) = layerId();
-    AcDbImpDatabase::linetypeId(pNewVertex) = linetypeId();
-    Acad::ErrorStatus es = db->addObject(pNewVertex, objectId(), objId);
-    if (es != Acad::eOk)
-        return es;
-    m_vertices.push_back(objId);
-    if (m_seqEnd.isNull()) {
-        auto* end = new AcDbSequenceEnd;
-        AcDbImpDatabase::layerId(end) = layerId();
-        db->addObject(end, objectId(), m_seqEnd, AcDbHandle(), false);
-    }
-    return Acad::eOk;
+    return db->appendPolylineVertex(this, pNewVertex, m_vertices, m_seqEnd, objId);
 }
 
 Acad::ErrorStatus AcDb3dPolyline::openVertex(AcDb3dPolylineVertex*& pVertex, AcDbObjectId vertId, AcDb::OpenMode mode,
